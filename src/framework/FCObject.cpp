@@ -1,0 +1,4 @@
+#include "FCObject.h"
+
+FCClassInfo FCObject::mClassFCObject("FCObject", nullptr, nullptr, int(sizeof(FCObject)),
+                                     nullptr);
