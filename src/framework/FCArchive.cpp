@@ -65,7 +65,8 @@ FCObject* FCArchive::ReadObject(FCObject* into) {
         return nullptr;
     }
     char name[kMaxClassNameLength + 1] = {};
-    if (mStream->readRawData(name, length) != length) {
+    // A NUL inside the stored name would let strcmp match a registered prefix of it.
+    if (mStream->readRawData(name, length) != length || std::memchr(name, 0, length)) {
         SetFailed();
         return nullptr;
     }

@@ -25,8 +25,11 @@ public:
 
     // Stores `object` under `key`, dropping what was there before.
     void SetAt(const K& key, V* object) {
-        fc_detail::adopt(mMode, object);
         auto [it, inserted] = mItems.try_emplace(key, object);
+        // Storing the entry's own object again must not drop it (mode 1 would delete it).
+        if (!inserted && it->second == object)
+            return;
+        fc_detail::adopt(mMode, object);
         if (!inserted) {
             V* old = it->second;
             it->second = object;

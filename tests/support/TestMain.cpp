@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-// Qt loads its SQL driver plugins only when an application object exists.
+// One entry for every test program: Qt loads its SQL driver plugins only when an application
+// object exists.
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "CliCommand.h"
+
+class DCharacter;
+class DFileObject;
+class QJsonObject;
+
+// "hoard character new|show": make and inspect character files.
+class CharacterCommand : public CliCommand {
+public:
+    QString Name() const override { return QStringLiteral("character"); }
+    QString Summary() const override {
+        return QStringLiteral("create a character file or show one");
+    }
+    QString Help() const override;
+    int Run(CliContext& context, QStringList args) override;
+
+    // The catalogue entry of the race whose file's base name is `name` (any case), user races
+    // before core ones; null if there is none.
+    static DFileObject* FindRace(const QString& name);
+    static QStringList RaceNames();
+    static QJsonObject Describe(const DCharacter& character);
+    static void PrintCharacter(const DCharacter& character, const QString& file, bool json);
+
+private:
+    int RunNew(CliContext& context, QStringList args);
+    int RunShow(CliContext& context, QStringList args);
+};

@@ -1,0 +1,22 @@
+#include "CliCommand.h"
+
+bool CliCommand::TakeOption(QStringList& args, const QString& name, QString& value) {
+    const int i = int(args.indexOf(name));
+    if (i < 0)
+        return true;
+    if (i + 1 >= args.size())
+        return false;
+    value = args[i + 1];
+    args.remove(i, 2);
+    return true;
+}
+
+bool CliCommand::RejectUnknownOptions(const QStringList& args, QString& error) {
+    for (const QString& arg : args) {
+        if (arg.startsWith('-') && arg.size() > 1) {
+            error = QStringLiteral("unknown option '%1' (see --help)").arg(arg);
+            return false;
+        }
+    }
+    return true;
+}

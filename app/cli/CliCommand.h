@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class CliContext;
+
+// One top-level command of the program, such as "db" or "character".
+class CliCommand {
+public:
+    virtual ~CliCommand() = default;
+    virtual QString Name() const = 0;
+    virtual QString Summary() const = 0;
+    virtual QString Help() const = 0;
+    // Exit status: 0 success, 1 a user error (already reported in one line).
+    virtual int Run(CliContext& context, QStringList args) = 0;
+
+protected:
+    static bool WantsHelp(const QStringList& args) {
+        return args.contains("--help") || args.contains("-h");
+    }
+    // Removes "--name VALUE"; false when the option is there without a value.
+    static bool TakeOption(QStringList& args, const QString& name, QString& value);
+    // Any argument left that starts with '-' is an unknown option.
+    static bool RejectUnknownOptions(const QStringList& args, QString& error);
+};

@@ -1,0 +1,59 @@
+#include "CharacterCommand.h"
+#include "CliContext.h"
+#include "DbCommand.h"
+#include "DemoCommand.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+std::vector<std::unique_ptr<CliCommand>> makeCommands() {
+    std::vector<std::unique_ptr<CliCommand>> commands;
+    commands.push_back(std::make_unique<DemoCommand>());
+    commands.push_back(std::make_unique<DbCommand>());
+    commands.push_back(std::make_unique<CharacterCommand>());
+    return commands;
+}
+
+QString programHelp(const std::vector<std::unique_ptr<CliCommand>>& commands) {
+    QString text = QStringLiteral("Usage: hoard [global options] COMMAND [ARGS...]\n\n"
+                                  "Rules core for the open 3.5 rules: characters, monsters, "
+                                  "races, treasure, tables, dice.\n\nCommands:\n");
+    for (const auto& command : commands)
+        text += QStringLiteral("  %1%2\n").arg(command->Name(), -12).arg(command->Summary());
+    text += "\n" + CliContext::GlobalOptionsHelp();
+    text += QStringLiteral("\n'hoard COMMAND --help' tells more about a command.\n");
+    return text;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("hoard"));
+    QStringList args = app.arguments().mid(1);
+    const auto commands = makeCommands();
+
+    CliContext context;
+    QString error;
+    if (!context.ParseGlobalOptions(args, error))
+        return CliContext::Fail(error);
+    if (args.isEmpty() || args.first() == "--help" || args.first() == "-h" ||
+        args.first() == "help") {
+        CliContext::PrintLine(programHelp(commands));
+        return args.isEmpty() ? 1 : 0;
+    }
+    const QString name = args.takeFirst();
+    for (const auto& command : commands) {
+        if (command->Name() == name) {
+            const int status = command->Run(context, args);
+            context.StopLibrary();
+            return status;
+        }
+    }
+    return CliContext::Fail(
+        QStringLiteral("unknown command '%1' (see hoard --help)").arg(name));
+}

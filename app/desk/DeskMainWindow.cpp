@@ -1,0 +1,115 @@
+#include "DeskMainWindow.h"
+
+#include "DCharacter.h"
+#include "DDatabase.h"
+#include "DFileObject.h"
+#include "DObjectManager.h"
+#include "DRace.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QTextBrowser>
+
+DeskMainWindow::DeskMainWindow(const QString& databaseConnection, QWidget* parent)
+    : QMainWindow(parent), mDatabaseConnection(databaseConnection) {
+    setWindowTitle(QStringLiteral("Hoard"));
+    resize(900, 640);
+    mView = new QTextBrowser(this);
+    setCentralWidget(mView);
+    mStatus = new QLabel(this);
+    statusBar()->addPermanentWidget(mStatus);
+    BuildMenus();
+    StartLibrary();
+    ShowDatabaseSummary();
+}
+
+DeskMainWindow::~DeskMainWindow() {
+    DObjectManager::ShutDown();
+    DDatabase::ShutDown();
+}
+
+void DeskMainWindow::BuildMenus() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("&Open..."), QKeySequence::Open, this, &DeskMainWindow::ChooseFileToOpen);
+    file->addSeparator();
+    file->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About Hoard"), this, &DeskMainWindow::ShowAbout);
+}
+
+void DeskMainWindow::StartLibrary() {
+    mDatabaseOpen = DDatabase::StartUp(FCString(mDatabaseConnection));
+    DObjectManager::StartUp();
+    for (int index = 0; index < kTableCount; ++index)
+        mTablesPresent += DDatabase::ProbeRecordCount(index) >= 0 ? 1 : 0;
+}
+
+void DeskMainWindow::ShowDatabaseSummary() {
+    const QString state = mDatabaseOpen ? tr("Rules database: %1 (%2 of %3 tables)")
+                                              .arg(mDatabaseConnection)
+                                              .arg(mTablesPresent)
+                                              .arg(kTableCount)
+                                        : tr("No rules database: %1").arg(mDatabaseConnection);
+    mStatus->setText(state);
+    QString html = QStringLiteral("<h2>Hoard</h2><p>%1</p>").arg(state.toHtmlEscaped());
+    html += tr("<p>Ready races: %1 &middot; characters: %2 &middot; monsters: %3 &middot; "
+               "treasures: %4 &middot; tables: %5</p>")
+                .arg(DObjectManager::GetRaceFileSet().GetCount())
+                .arg(DObjectManager::GetCharacterSet().GetCount())
+                .arg(DObjectManager::GetMonsterSet().GetCount())
+                .arg(DObjectManager::GetTreasureSet().GetCount())
+                .arg(DObjectManager::GetTableSet().GetCount());
+    html += tr("<p>Use File &rarr; Open to look at a character file.</p>");
+    mView->setHtml(html);
+}
+
+void DeskMainWindow::ChooseFileToOpen() {
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open"), QString(), tr("Characters and monsters (*.chr *.mon);;All files (*)"));
+    if (!path.isEmpty())
+        OpenFile(path);
+}
+
+bool DeskMainWindow::OpenFile(const QString& path) {
+    DCharacter* character = DCharacter::CreateFromFile(FCString(path), false, nullptr);
+    if (!character) {
+        QMessageBox::warning(this, tr("Open"),
+                             tr("%1 is not a readable character file.").arg(path));
+        return false;
+    }
+    if (character->GetLoadResult() == 1) {
+        QMessageBox::warning(this, tr("Open"),
+                             tr("The race of %1 is missing: %2")
+                                 .arg(QFileInfo(path).fileName(),
+                                      character->GetRaceFileObject()->GetAccessFilePath()));
+        character->Release();
+        return false;
+    }
+    const DRace* race = character->GetRace();
+    mView->setHtml(tr("<h2>%1</h2><table>"
+                      "<tr><td><b>Player</b></td><td>%2</td></tr>"
+                      "<tr><td><b>Race</b></td><td>%3</td></tr>"
+                      "<tr><td><b>Level</b></td><td>%4</td></tr>"
+                      "<tr><td><b>File</b></td><td>%5</td></tr></table>")
+                       .arg(character->GetCharacterName().toHtmlEscaped(),
+                            character->GetPlayerName().toHtmlEscaped(),
+                            race ? race->GetRaceName().toHtmlEscaped() : QString(),
+                            QString::number(int(character->GetCharacterLevel())),
+                            path.toHtmlEscaped()));
+    setWindowTitle(tr("Hoard - %1").arg(character->GetCharacterName()));
+    character->Release();
+    return true;
+}
+
+void DeskMainWindow::ShowAbout() {
+    QMessageBox::about(this, tr("About Hoard"),
+                       tr("<h3>Hoard %1</h3><p>Characters, monsters, races, treasure and tables "
+                          "for the open 3.5 rules.</p><p>Rules data: System Reference Document "
+                          "3.5, Open Game License 1.0a.</p>")
+                           .arg(QStringLiteral(HOARD_VERSION)));
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QMainWindow>
+
+class QLabel;
+class QTextBrowser;
+
+// The host's main window: starts the library, says which rules are loaded, opens files.
+class DeskMainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    DeskMainWindow(const QString& databaseConnection, QWidget* parent = nullptr);
+    ~DeskMainWindow() override;
+
+    bool IsDatabaseOpen() const { return mDatabaseOpen; }
+    // Opens an object file and shows what it holds; false with a message if it cannot.
+    bool OpenFile(const QString& path);
+
+private slots:
+    void ChooseFileToOpen();
+    void ShowAbout();
+
+private:
+    void BuildMenus();
+    void StartLibrary();
+    void ShowDatabaseSummary();
+
+    QString mDatabaseConnection;
+    bool mDatabaseOpen = false;
+    int mTablesPresent = 0;
+    QTextBrowser* mView = nullptr;
+    QLabel* mStatus = nullptr;
+};

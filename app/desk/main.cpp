@@ -1,0 +1,59 @@
+#include "DeskMainWindow.h"
+
+#include "DOptions.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QTimer>
+
+namespace {
+QString defaultDataDir() {
+    const QString fromEnvironment = qEnvironmentVariable("HOARD_DATA");
+    if (!fromEnvironment.isEmpty())
+        return fromEnvironment;
+    const QString built = QStringLiteral(HOARD_DATA_BUILD_DIR);
+    return QFileInfo(built + "/rules.db").isFile() ? built : QStringLiteral("/usr/share/hoard");
+}
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("hoard-desk"));
+    QApplication::setApplicationVersion(QStringLiteral(HOARD_VERSION));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Hoard desktop program"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption dataOption("data", "Installed data folder.", "DIR", defaultDataDir());
+    const QCommandLineOption userOption("user", "User data folder.", "DIR");
+    const QCommandLineOption dbOption("db", "Rules database connection.", "CONNECTION");
+    const QCommandLineOption quitOption("quit-after", "Quit after MS milliseconds (for checks).",
+                                        "MS");
+    const QCommandLineOption grabOption("screenshot", "Save a picture of the window to FILE.",
+                                        "FILE");
+    parser.addOptions({dataOption, userOption, dbOption, quitOption, grabOption});
+    parser.addPositionalArgument("file", "A character file to open.", "[file]");
+    parser.process(app);
+
+    DOptions::mAppPath = FCString(QDir(parser.value(dataOption)).absolutePath());
+    if (parser.isSet(userOption))
+        DOptions::SetUserDataPath(FCString(QDir(parser.value(userOption)).absolutePath()));
+    const QString database = parser.isSet(dbOption) ? parser.value(dbOption)
+                                                    : DOptions::mAppPath + "/rules.db";
+    DeskMainWindow window(database);
+    window.show();
+    if (!parser.positionalArguments().isEmpty())
+        window.OpenFile(parser.positionalArguments().first());
+    if (parser.isSet(quitOption)) {
+        const QString screenshot = parser.value(grabOption);
+        QTimer::singleShot(parser.value(quitOption).toInt(), &window, [&window, screenshot] {
+            if (!screenshot.isEmpty())
+                window.grab().save(screenshot);
+            QApplication::closeAllWindows();
+        });
+    }
+    return app.exec();
+}

@@ -1,0 +1,10 @@
+#include "DSpellBase.h"
+
+#include "FCArchive.h"
+
+void DSpellBase::SerializeSpellBase(FCArchive& archive) {
+    archive.Transfer(mSpellGuid);
+    archive.Transfer(mSpellLevel);
+    archive.Transfer(mCasterClassGuid);
+    archive.Transfer(mCasterLevel);
+}

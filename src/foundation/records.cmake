@@ -1,0 +1,27 @@
+set(FOUNDATION_RECORD_SOURCES
+    DAgeChangeInfo.cpp
+    DAlignmentInfo.cpp
+    DClassInfo.cpp
+    DClassLevelInfo.cpp
+    DCoinInfo.cpp
+    DDamageChangeInfo.cpp
+    DDomainInfo.cpp
+    DFamiliarBonus.cpp
+    DFamiliarMountInfo.cpp
+    DFeatInfo.cpp
+    DFeatureInfo.cpp
+    DGodInfo.cpp
+    DLanguageInfo.cpp
+    DLoadInfo.cpp
+    DSchoolInfo.cpp
+    DSimpleGuidInfo.cpp
+    DSimpleInfo.cpp
+    DSizeInfo.cpp
+    DSkillInfo.cpp
+    DSpeedModTypeInfo.cpp
+    DSpeedTypeInfo.cpp
+    DSpellInfo.cpp
+    DSpellLevelInfo.cpp
+    DSpellsPerInfo.cpp
+    DSubSkillInfo.cpp
+)

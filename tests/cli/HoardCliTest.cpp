@@ -1,0 +1,97 @@
+// Runs the command-line program as a user would and checks what it prints and returns.
+#include "TestSupport.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct CliRun {
+    int status = -1;
+    QString out;
+    QString err;
+};
+
+CliRun hoard(const QStringList& args, const QString& userDir = QString()) {
+    QProcess process;
+    QStringList full = args;
+    if (!userDir.isEmpty())
+        full << "--user" << userDir;
+    process.start(QStringLiteral(HOARD_CLI), full);
+    process.waitForFinished(60000);
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+QJsonObject json(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
+
+} // namespace
+
+TEST(HoardCli, UserErrorsGiveOneLineAndStatusOne) {
+    QTemporaryDir user;
+    QTemporaryDir files;
+    const QString garbage = files.path() + "/garbage.chr";
+    ASSERT_TRUE(hoardtest::writeFile(garbage, QByteArray(300, '\x5A')));
+    const struct {
+        QStringList args;
+        QString expected;
+    } cases[] = {
+        {{"frobnicate"}, "unknown command 'frobnicate'"},
+        {{"--seed", "abc", "demo"}, "--seed takes a whole number"},
+        {{"--data"}, "option --data needs a value"},
+        {{"character", "new", "-o", files.path() + "/x.chr"}, "--name NAME is required"},
+        {{"character", "new", "--name", "A"}, "-o FILE.chr is required"},
+        {{"character", "new", "--name", "A", "--race", "Nonesuch", "-o", files.path() + "/x.chr"},
+         "unknown race 'Nonesuch'"},
+        {{"character", "show", files.path() + "/absent.chr"}, "no such file"},
+        {{"character", "show", garbage}, "not a readable character file"},
+        {{"character", "fly"}, "unknown character command 'fly'"},
+        {{"db", "info", "--db", files.path() + "/absent.db"}, "Connect failed."},
+    };
+    for (const auto& c : cases) {
+        const CliRun run = hoard(c.args, user.path());
+        EXPECT_EQ(run.status, 1) << c.args.join(' ').toStdString();
+        EXPECT_TRUE(run.err.contains(c.expected))
+            << c.args.join(' ').toStdString() << "\n  stderr: " << run.err.toStdString();
+        EXPECT_LE(run.err.count('\n'), 2) << run.err.toStdString();
+    }
+}
+
+TEST(HoardCli, HelpNamesEveryCommandAndGlobalOption) {
+    const CliRun run = hoard({"--help"});
+    EXPECT_EQ(run.status, 0);
+    for (const char* word : {"demo", "db", "character", "--data", "--user", "--db", "--seed", "--json"})
+        EXPECT_TRUE(run.out.contains(word)) << word;
+    for (const char* command : {"db", "character", "demo"})
+        EXPECT_EQ(hoard({command, "--help"}).status, 0) << command;
+}
+
+TEST(HoardCli, DbInfoListsEveryTable) {
+    const CliRun run = hoard({"db", "info", "--json"});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    const QJsonObject info = json(run.out);
+    EXPECT_TRUE(info["database"].toString().endsWith("rules.db"));
+    const QJsonArray tables = info["tables"].toArray();
+    ASSERT_EQ(tables.size(), 212);
+    EXPECT_EQ(tables[0].toObject()["name"].toString(), "[info Coin]");
+    EXPECT_EQ(tables[211].toObject()["index"].toInt(), 211);
+    EXPECT_EQ(info["tables_present"].toInt(), 212);
+    EXPECT_GE(tables[1].toObject()["rows"].toInt(), 11) << "eleven base classes at least";
+}
+
+TEST(HoardCli, DemoSavesAndReadsBackACharacter) {
+    QTemporaryDir user;
+    const CliRun run = hoard({"demo", "--json"}, user.path());
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    const QJsonObject character = json(run.out);
+    EXPECT_EQ(character["name"].toString(), "Tordek");
+    EXPECT_EQ(character["player"].toString(), "Demo Player");
+    EXPECT_EQ(character["file_name"].toString(), "Tordek") << "named after its file";
+    EXPECT_EQ(character["race"].toString(), "Demo Human");
+}

@@ -1,0 +1,168 @@
+// DDatabase keeps its maps in statics that load once per process; ctest runs every test in a
+// process of its own, so each test below starts from a fresh library.
+#include "DDatabase.h"
+
+#include "DAlignmentInfo.h"
+#include "DClassInfo.h"
+#include "DFailureReporter.h"
+#include "DSimpleInfo.h"
+#include "DSizeInfo.h"
+#include "TestSupport.h"
+
+#include "Connection.h"
+#include "DriverManager.h"
+#include "ResultSet.h"
+#include "Statement.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+QString rulesDatabase() { return hoardtest::builtDataDir() + "/rules.db"; }
+
+// Counts rows with a connection of the test's own, independent of DDatabase.
+int countRows(const QString& table) {
+    std::unique_ptr<odbc::Connection> connection(odbc::DriverManager::getConnection(rulesDatabase()));
+    std::unique_ptr<odbc::Statement> statement(connection->createStatement());
+    odbc::ResultSet* rows = statement->executeQuery("SELECT COUNT(*) FROM " + table);
+    return rows->next() ? rows->getInt(1) : -1;
+}
+
+class QuietReports : public ::testing::Test {
+protected:
+    void SetUp() override {
+        DFailureReporter::SetQuiet(true);
+        DFailureReporter::ResetReports();
+    }
+    void TearDown() override { DFailureReporter::SetQuiet(false); }
+};
+
+class PreloadedDatabase : public QuietReports {
+protected:
+    void SetUp() override {
+        QuietReports::SetUp();
+        ASSERT_TRUE(QFile::exists(rulesDatabase())) << "build the rules database first";
+        ASSERT_TRUE(DDatabase::StartUp(FCString(rulesDatabase())));
+        ASSERT_EQ(DFailureReporter::GetReportCount(), 0) << DFailureReporter::GetLastText().toStdString();
+    }
+    void TearDown() override {
+        DDatabase::ShutDown();
+        QuietReports::TearDown();
+    }
+};
+
+} // namespace
+
+TEST(DDatabaseRegistry, TableNamesAndItemTables) {
+    EXPECT_EQ(DDatabase::GetTableName(0), "[info Coin]");
+    EXPECT_EQ(DDatabase::GetTableName(118), "[info Weapons]");
+    EXPECT_EQ(DDatabase::GetTableName(147), "[info Spell Schools]");
+    EXPECT_EQ(DDatabase::GetTableName(211), "[types Table Element]");
+    EXPECT_TRUE(DDatabase::GetTableName(212).isEmpty());
+    EXPECT_TRUE(DDatabase::GetTableName(-1).isEmpty());
+    QSet<QString> names;
+    for (int i = 0; i < kTableCount; ++i)
+        names.insert(DDatabase::GetTableName(i));
+    EXPECT_EQ(names.size(), kTableCount) << "table names must be unique";
+
+    const std::pair<int, int> itemTables[] = {{0, 118}, {1, 119}, {2, 120}, {3, 121}, {4, -1},
+                                              {5, 73},  {11, 87}, {12, 0},  {14, 48}, {15, 46},
+                                              {18, -1}, {19, -1}, {-1, -1}};
+    for (const auto& [type, table] : itemTables)
+        EXPECT_EQ(DDatabase::GetItemTypeTableId(type), table) << "item type " << type;
+}
+
+TEST_F(QuietReports, UnreachableDatabaseFailsOnceAndLooksUpNothing) {
+    QTemporaryDir dir;
+    const QString missing = dir.path() + "/no such.db";
+    EXPECT_FALSE(DDatabase::StartUp(FCString(missing)));
+    EXPECT_EQ(DFailureReporter::GetReportCount(), 1);
+    EXPECT_EQ(DFailureReporter::GetLastCaption(), "Connect failed.");
+    EXPECT_FALSE(QFile::exists(missing)) << "a failed connect must not create a database";
+    EXPECT_EQ(DDatabase::GetConnection(), nullptr);
+    EXPECT_EQ(DDatabase::GetSizeInfo(1), nullptr);
+    EXPECT_EQ(DDatabase::GetClassInfoA(DDatabase::kWizardClassGuid), nullptr);
+    EXPECT_EQ(DDatabase::GetWeaponInfo(QUuid::createUuid()), nullptr);
+    EXPECT_EQ(DDatabase::GetRecordCount(kTableClass), 0);
+    EXPECT_TRUE(DDatabase::PickRandomGuidFromTable(kTableClass).isNull());
+    // No connection means no query and so no further report.
+    EXPECT_EQ(DFailureReporter::GetReportCount(), 1);
+    DDatabase::ShutDown();
+}
+
+TEST_F(PreloadedDatabase, EveryPreloadedMapHoldsEveryRowOfItsTable) {
+    EXPECT_EQ(DDatabase::GetClassInfoMap().GetCount(), countRows("[info Class]"));
+    EXPECT_EQ(DDatabase::GetAlignmentInfoMap().GetCount(), countRows("[info Alignment]"));
+    EXPECT_EQ(DDatabase::GetSizeInfoMap().GetCount(), countRows("[info Size]"));
+    EXPECT_EQ(DDatabase::GetSkillInfoMap().GetCount(), countRows("[info Skill]"));
+    EXPECT_EQ(DDatabase::GetFeatInfoMap().GetCount(), countRows("[info Feat]"));
+    EXPECT_EQ(DDatabase::GetSchoolInfoMap().GetCount(), countRows("[info Spell Schools]"));
+    const int helperTables[] = {193, 194, 195, 196, 27, 201, 203, 188};
+    for (int helper = 0; helper < DDatabase::kHelperCount; ++helper)
+        EXPECT_EQ(DDatabase::GetHelperInfoMap(helper).GetCount(),
+                  countRows(DDatabase::GetTableName(helperTables[helper])))
+            << "helper " << helper;
+    EXPECT_GT(DDatabase::GetClassInfoMap().GetCount(), 10);
+    EXPECT_EQ(DDatabase::GetSizeInfoMap().GetCount(), 9) << "Fine to Colossal";
+}
+
+TEST_F(PreloadedDatabase, LookUpsAnswerFromMemoryAndMissesAreNull) {
+    const DClassInfo* wizard = DDatabase::GetClassInfoA(DDatabase::kWizardClassGuid);
+    ASSERT_NE(wizard, nullptr);
+    EXPECT_EQ(wizard->mName, "Wizard");
+    EXPECT_EQ(DDatabase::GetHelperInfo(0, 999999), nullptr);
+    EXPECT_EQ(DDatabase::GetHelperInfo(8, 1), nullptr);
+    EXPECT_EQ(DDatabase::GetAlignmentInfo(-5), nullptr);
+
+    // A kind other than familiar, mount or fiendish is refused without a query.
+    DFailureReporter::ResetReports();
+    EXPECT_FALSE(DDatabase::GetFamiliarMountInfo(5, 3, nullptr));
+    EXPECT_TRUE(DDatabase::GetFamiliarMountInfo(5, 0, nullptr)) << "a level-5 familiar row";
+
+    const int weaponsBefore = DDatabase::GetWeaponInfoMap().GetCount();
+    EXPECT_EQ(DDatabase::GetWeaponInfo(QUuid::createUuid()), nullptr);
+    EXPECT_EQ(DDatabase::GetWeaponInfoMap().GetCount(), weaponsBefore);
+    EXPECT_EQ(DDatabase::GetSpellSchool(QUuid::createUuid()), -1);
+    EXPECT_EQ(DFailureReporter::GetReportCount(), 0) << "a missing row is no failure";
+}
+
+TEST_F(PreloadedDatabase, FailedQueryReportsOnceAndGivesTheNeutralResult) {
+    // An index past the registry names no table, so the statement itself is bad.
+    EXPECT_EQ(DDatabase::GetRecordCount(kTableCount), 0);
+    EXPECT_EQ(DFailureReporter::GetReportCount(), 1);
+    EXPECT_EQ(DFailureReporter::GetLastCaption(), "Query failed");
+    EXPECT_FALSE(DFailureReporter::GetLastText().isEmpty()) << "the driver's text is shown";
+    EXPECT_EQ(DDatabase::ProbeRecordCount(kTableCount), -1);
+    EXPECT_EQ(DFailureReporter::GetReportCount(), 1) << "probing reports nothing";
+}
+
+TEST_F(PreloadedDatabase, EveryStatementTextRunsAgainstTheBuiltSchema) {
+    std::unique_ptr<odbc::Connection> connection(odbc::DriverManager::getConnection(rulesDatabase()));
+    for (const QString& sql : DDatabase::GetStatementSamples()) {
+        std::unique_ptr<odbc::Statement> statement(connection->createStatement());
+        try {
+            statement->executeQuery(sql);
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << sql.toStdString() << "\n  " << error.what();
+        }
+    }
+    for (auto* prepared :
+         {DDatabase::GetSpellsForClassLevelStmt(), DDatabase::GetSpellsForClassStmt(),
+          DDatabase::GetSpellsDetailedForClassLevelStmt(),
+          DDatabase::GetSpellsDetailedForDomainLevelStmt(), DDatabase::GetSpellInfoStmt()})
+        EXPECT_NE(prepared, nullptr);
+    EXPECT_EQ(DFailureReporter::GetReportCount(), 0) << DFailureReporter::GetLastText().toStdString();
+}
+
+TEST_F(PreloadedDatabase, RandomGuidComesFromTheTable) {
+    for (int draw = 0; draw < 20; ++draw) {
+        const QUuid guid = DDatabase::PickRandomGuidFromTable(kTableClass);
+        ASSERT_FALSE(guid.isNull());
+        EXPECT_NE(DDatabase::GetClassInfoA(guid), nullptr);
+    }
+}

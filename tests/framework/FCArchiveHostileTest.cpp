@@ -1,0 +1,341 @@
+#include "FrameworkTestClasses.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+using fctest::Bytes;
+using fctest::loadObject;
+using fctest::storeObject;
+
+namespace {
+
+// Live instances of every counting class, to prove that failed reads free what they built.
+int liveObjects() { return TestCounted::sLive + TestNode::sLive; }
+
+TestFields* filledFields() {
+    auto* fields = new TestFields;
+    fields->mInt32 = -5;
+    fields->mText = "text";
+    fields->mNull = QString();
+    fields->mInts.Add(1);
+    fields->mInts.Add(2);
+    fields->mTexts.Add("x");
+    fields->mPairs.Add({3, "three"});
+    fields->mIntSet.Add(4);
+    fields->mGuidSet.Add(QUuid("{6ba7b810-9dad-11d1-80b4-00c04fd430c8}"));
+    fields->mArray.SetOwnership(kFCDeleted);
+    fields->mArray.Add(new TestCounted(1));
+    fields->mArray.Add(new TestDerived(2, "two"));
+    for (qint32 value : {5, 6}) {
+        auto* object = new TestCounted(value);
+        fields->mSet.Add(object);
+        object->Release();
+    }
+    auto* mapped = new TestGrandChild;
+    fields->mMap.SetAt(9, mapped);
+    mapped->Release();
+    fields->mGuidMap.SetOwnership(kFCDeleted);
+    fields->mGuidMap.SetAt(QUuid("{00112233-4455-6677-8899-aabbccddeeff}"), new TestCounted(7));
+    return fields;
+}
+
+TestNode* chain(int length) {
+    TestNode* head = nullptr;
+    for (int i = 0; i < length; ++i) {
+        auto* node = new TestNode;
+        node->mValue = i;
+        node->mChild = head;
+        head = node;
+    }
+    return head;
+}
+
+// Valid archives of every shape the hostile tests start from.
+std::vector<QByteArray> validSamples() {
+    std::vector<QByteArray> samples;
+    TestFields* fields = filledFields();
+    samples.push_back(storeObject(fields));
+    fields->Release();
+    TestNode* nodes = chain(5);
+    samples.push_back(storeObject(nodes));
+    nodes->Release();
+    TestDerivedList list;
+    list.mItems.Add(new TestDerived(1, "a"));
+    list.mItems.Add(new TestGrandChild);
+    for (TestDerived* element : list.mItems)
+        element->Release();
+    samples.push_back(storeObject(&list));
+    return samples;
+}
+
+// A read must either succeed completely or fail cleanly: a null without failure is only
+// allowed for a stored null object (class-name length zero).
+void expectCleanOutcome(const QByteArray& bytes) {
+    bool ok = false;
+    FCObject* object = loadObject(bytes, &ok);
+    if (object) {
+        EXPECT_TRUE(ok);
+        object->Release();
+    } else if (ok) {
+        ASSERT_GE(bytes.size(), 2);
+        EXPECT_EQ(bytes[0], '\0');
+        EXPECT_EQ(bytes[1], '\0');
+    }
+}
+
+} // namespace
+
+TEST(FCArchiveHostileTest, EveryTruncationFailsWithoutLeaking) {
+    const int before = liveObjects();
+    for (const QByteArray& valid : validSamples()) {
+        for (qsizetype length = 0; length < valid.size(); ++length) {
+            SCOPED_TRACE(testing::Message() << "length " << length << " of " << valid.size());
+            bool ok = true;
+            FCObject* object = loadObject(valid.left(length), &ok);
+            EXPECT_EQ(object, nullptr);
+            EXPECT_FALSE(ok);
+            if (object)
+                object->Release();
+            ASSERT_EQ(liveObjects(), before);
+        }
+        bool ok = false;
+        FCObject* whole = loadObject(valid, &ok);
+        EXPECT_TRUE(ok);
+        ASSERT_NE(whole, nullptr);
+        whole->Release();
+    }
+    EXPECT_EQ(liveObjects(), before);
+}
+
+TEST(FCArchiveHostileTest, TruncatedHeadersFail) {
+    const QByteArray header = Bytes().u32(FCArchive::kMagic).u32(1).u32(2).data();
+    for (qsizetype length = 0; length < header.size(); ++length) {
+        SCOPED_TRACE(length);
+        QDataStream stream(header.left(length));
+        FCArchive archive(&stream, FCArchive::Load);
+        EXPECT_FALSE(archive.ReadHeader());
+        EXPECT_FALSE(archive.IsOk());
+    }
+}
+
+TEST(FCArchiveHostileTest, RandomBytesNeverCrashOrLeak) {
+    const int before = liveObjects();
+    std::mt19937 random(20240611);
+    std::uniform_int_distribution<int> byte(0, 255);
+    const char* const classNames[] = {"TestFields", "TestObjList", "TestObjSet", "TestObjMap",
+                                      "TestText",   "TestIntList", "TestIntSet", "TestNode",
+                                      "TestDerivedList"};
+    for (int iteration = 0; iteration < 4000; ++iteration) {
+        SCOPED_TRACE(iteration);
+        const int length = std::uniform_int_distribution<int>(0, 300)(random);
+        QByteArray noise(length, Qt::Uninitialized);
+        for (char& c : noise)
+            c = char(byte(random));
+        expectCleanOutcome(noise);
+
+        // Behind a real class name the noise reaches the field readers.
+        const char* name = classNames[iteration % std::size(classNames)];
+        expectCleanOutcome(Bytes().name(name).raw(noise).data());
+        ASSERT_EQ(liveObjects(), before);
+    }
+}
+
+TEST(FCArchiveHostileTest, MutatedArchivesNeverCrashOrLeak) {
+    const int before = liveObjects();
+    std::mt19937 random(7);
+    std::uniform_int_distribution<int> byte(0, 255);
+    const std::vector<QByteArray> samples = validSamples();
+    for (int iteration = 0; iteration < 6000; ++iteration) {
+        SCOPED_TRACE(iteration);
+        QByteArray bytes = samples[size_t(iteration) % samples.size()];
+        const int changes = std::uniform_int_distribution<int>(1, 4)(random);
+        for (int i = 0; i < changes; ++i) {
+            const auto at = qsizetype(
+                std::uniform_int_distribution<int>(0, int(bytes.size()) - 1)(random));
+            switch (std::uniform_int_distribution<int>(0, 3)(random)) {
+            case 0:
+                bytes[at] = char(byte(random));
+                break;
+            case 1:
+                bytes[at] = char(bytes[at] ^ (1 << (byte(random) % 8)));
+                break;
+            case 2:
+                bytes.insert(at, char(byte(random)));
+                break;
+            default:
+                if (bytes.size() > 2)
+                    bytes.remove(at, 1);
+                break;
+            }
+        }
+        expectCleanOutcome(bytes);
+        ASSERT_EQ(liveObjects(), before);
+    }
+}
+
+TEST(FCArchiveHostileTest, ImpossibleLengthsAndCountsFailBeforeReadingOn) {
+    const QByteArray tail = QByteArray::fromHex("0102030405060708");
+    struct Case {
+        const char* label;
+        QByteArray bytes;
+        qint64 remainingAfter; // bytes the failed read must leave unread; -1: not checked
+    };
+    const std::vector<Case> cases = {
+        {"string 0x7FFFFFFE bytes", Bytes().name("TestText").u32(0x7FFFFFFE).raw(tail).data(), 8},
+        {"string 0xFFFFFFFE bytes", Bytes().name("TestText").u32(0xFFFFFFFE).raw(tail).data(), 8},
+        {"string longer than the rest", Bytes().name("TestText").u32(10).raw(tail).data(), 8},
+        {"string of odd length", Bytes().name("TestText").u32(3).raw(tail).data(), -1},
+        {"int array 0x7FFFFFFF", Bytes().name("TestIntList").i32(0x7FFFFFFF).raw(tail).data(), 8},
+        {"int array -1", Bytes().name("TestIntList").i32(-1).raw(tail).data(), 8},
+        {"int array INT_MIN", Bytes().name("TestIntList").u32(0x80000000).raw(tail).data(), 8},
+        {"int set 0x7FFFFFFF", Bytes().name("TestIntSet").i32(0x7FFFFFFF).raw(tail).data(), 8},
+        {"int set -5", Bytes().name("TestIntSet").i32(-5).raw(tail).data(), 8},
+        {"pointer array 0x7FFFFFFF",
+         Bytes().name("TestObjList").i32(2).i32(0x7FFFFFFF).raw(tail).data(), 8},
+        {"pointer array -1", Bytes().name("TestObjList").i32(1).i32(-1).raw(tail).data(), 8},
+        {"pointer set 0x7FFFFFFF",
+         Bytes().name("TestObjSet").i32(2).i32(0x7FFFFFFF).raw(tail).data(), 8},
+        {"pointer map 0x7FFFFFFF",
+         Bytes().name("TestObjMap").i32(1).i32(0x7FFFFFFF).raw(tail).data(), 8},
+        {"ownership mode 3", Bytes().name("TestObjList").i32(3).i32(0).data(), -1},
+        {"ownership mode -1", Bytes().name("TestObjSet").i32(-1).i32(0).data(), -1},
+        {"ownership mode 0x7FFFFFFF", Bytes().name("TestObjMap").i32(0x7FFFFFFF).i32(0).data(),
+         -1},
+        {"borrowing array with an element",
+         Bytes().name("TestObjList").i32(0).i32(1).name("TestCounted").i32(1).data(), -1},
+        {"null element", Bytes().name("TestObjList").i32(2).i32(1).u16(0).data(), -1},
+        {"null map element", Bytes().name("TestObjMap").i32(2).i32(1).i32(4).u16(0).data(), -1},
+        {"element of a base class",
+         Bytes().name("TestDerivedList").i32(2).i32(1).name("TestCounted").i32(1).data(), -1},
+        {"element of an unrelated class",
+         Bytes().name("TestObjList").i32(2).i32(1).name("TestText").u32(0xFFFFFFFF).data(), -1},
+        {"second element truncated",
+         Bytes().name("TestObjList").i32(2).i32(2).name("TestCounted").i32(1).name("TestCou")
+             .data(),
+         -1},
+    };
+    const int before = liveObjects();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        QDataStream stream(c.bytes);
+        FCArchive archive(&stream, FCArchive::Load);
+        FCObject* object = archive.ReadObject();
+        EXPECT_EQ(object, nullptr);
+        EXPECT_FALSE(archive.IsOk());
+        if (c.remainingAfter >= 0) {
+            EXPECT_EQ(archive.BytesRemaining(), c.remainingAfter);
+        }
+        if (object)
+            object->Release();
+        EXPECT_EQ(liveObjects(), before);
+    }
+}
+
+TEST(FCArchiveHostileTest, ClassNamesThatNameNothingCreatable) {
+    const QByteArray value = QByteArray::fromHex("00000001");
+    struct Case {
+        const char* label;
+        QByteArray bytes;
+    };
+    const std::vector<Case> cases = {
+        {"unknown class", Bytes().name("NoSuchClass").raw(value).data()},
+        {"abstract class", Bytes().name("TestAbstract").raw(value).data()},
+        {"the root class", Bytes().name("FCObject").raw(value).data()},
+        {"a registered base without factory", Bytes().name("TestMixin").raw(value).data()},
+        {"different case", Bytes().name("testcounted").raw(value).data()},
+        {"a registered name with trailing bytes",
+         Bytes().u16(15).raw(QByteArray("TestCounted\0xyz", 15)).raw(value).data()},
+        {"name over the limit",
+         Bytes().u16(FCArchive::kMaxClassNameLength + 1)
+             .raw(QByteArray(FCArchive::kMaxClassNameLength + 1, 'A'))
+             .raw(value)
+             .data()},
+        {"name length 0xFFFF", Bytes().u16(0xFFFF).raw(QByteArray(100, 'B')).data()},
+        {"name longer than the rest", Bytes().u16(11).raw("TestCou").data()},
+        {"half a length", Bytes().u8(0).data()},
+        {"nothing", QByteArray()},
+    };
+    const int before = liveObjects();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        bool ok = true;
+        FCObject* object = loadObject(c.bytes, &ok);
+        EXPECT_EQ(object, nullptr);
+        EXPECT_FALSE(ok);
+        if (object)
+            object->Release();
+        EXPECT_EQ(liveObjects(), before);
+    }
+}
+
+TEST(FCArchiveHostileTest, NestingIsBounded) {
+    const int before = liveObjects();
+    for (int length : {1, FCArchive::kMaxDepth}) {
+        SCOPED_TRACE(length);
+        TestNode* original = chain(length);
+        bool ok = false;
+        auto* loaded = FCDynamicCast<TestNode>(loadObject(storeObject(original), &ok));
+        original->Release();
+        EXPECT_TRUE(ok);
+        ASSERT_NE(loaded, nullptr);
+        int count = 0;
+        for (const TestNode* node = loaded; node; node = node->mChild) {
+            EXPECT_EQ(node->mValue, length - 1 - count);
+            ++count;
+        }
+        EXPECT_EQ(count, length);
+        loaded->Release();
+    }
+    EXPECT_EQ(liveObjects(), before);
+
+    TestNode* tooDeep = chain(FCArchive::kMaxDepth + 1);
+    bool ok = true;
+    EXPECT_EQ(loadObject(storeObject(tooDeep), &ok), nullptr);
+    EXPECT_FALSE(ok);
+    tooDeep->Release();
+    EXPECT_EQ(liveObjects(), before);
+
+    // A hostile file nests far deeper than any stack could follow.
+    Bytes deep;
+    for (int i = 0; i < 200000; ++i)
+        deep.name("TestNode").i32(i);
+    deep.u16(0);
+    ok = true;
+    EXPECT_EQ(loadObject(deep.data(), &ok), nullptr);
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(liveObjects(), before);
+}
+
+TEST(FCArchiveHostileTest, RepeatedElementsInAFileDoNotLeak) {
+    const int before = liveObjects();
+    const QByteArray sameTwice =
+        Bytes().name("TestObjSet").i32(2).i32(2).name("TestCounted").i32(5).name("TestCounted")
+            .i32(5).data();
+    const QByteArray keyTwice = Bytes()
+                                    .name("TestObjMap")
+                                    .i32(2)
+                                    .i32(2)
+                                    .i32(1)
+                                    .name("TestCounted")
+                                    .i32(10)
+                                    .i32(1)
+                                    .name("TestCounted")
+                                    .i32(20)
+                                    .data();
+    for (const QByteArray& bytes : {sameTwice, keyTwice}) {
+        bool ok = false;
+        FCObject* object = loadObject(bytes, &ok);
+        if (auto* set = FCDynamicCast<TestObjSet>(object)) {
+            EXPECT_EQ(set->mItems.GetCount(), 1);
+        }
+        if (auto* map = FCDynamicCast<TestObjMap>(object)) {
+            EXPECT_EQ(map->mItems.GetCount(), 1);
+        }
+        EXPECT_EQ(object != nullptr, ok);
+        if (object)
+            object->Release();
+        EXPECT_EQ(liveObjects(), before);
+    }
+}
