@@ -314,6 +314,18 @@ TEST_F(RulesDbContentTest, SmallRuleTablesHoldTheRulesNumbers) {
              "SELECT DieCount * 100 + DieId FROM [info Monk Unarmed Damage] WHERE SizeId=4 AND "
              "Level>=1 ORDER BY Level",
              106},
+            // An enhancement bonus costs its square times 1,000 gp on armor, 2,000 gp on weapons.
+            {"+3 armor",
+             "SELECT CoinCount FROM [Table 8-3 Armor and Shields] WHERE ItemType=1 AND Bonus=3",
+             9000},
+            {"+4 weapon", "SELECT CoinCount FROM [Table 8-10 Weapons] WHERE ItemType=1 AND Bonus=4",
+             32000},
+            // A level 1 hoard rolling 60 has 2d8 x 10 gp.
+            {"level 1 coins",
+             "SELECT DieCount * 1000 + DieType * 100 + CoinCount + CoinType FROM [Table 7-4 "
+             "Treasure Coins] "
+             "WHERE Level=1 AND Min<=60 AND Max>=60",
+             2000 + 800 + 10 + 2},
             {"familiar Int at master 5",
              "SELECT Int FROM [info Familiar] WHERE 5 >= MasterLevelMin AND 5 <= MasterLevelMax",
              8},
