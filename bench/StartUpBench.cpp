@@ -7,7 +7,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include <sys/resource.h>
@@ -67,14 +66,9 @@ void BM_DatabaseAndObjectsStartUp(benchmark::State& state) {
     }
     state.counters["resident_MiB"] = double(peakKib) / 1024.0;
 }
-BENCHMARK(BM_DatabaseAndObjectsStartUp)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK(BM_DatabaseAndObjectsStartUp)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(20);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -1,8 +1,13 @@
 #include "CharacterCommand.h"
 
 #include "CliContext.h"
+#include "DCharHistory.h"
 #include "DCharacter.h"
+#include "DCharacterClass.h"
+#include "DClassInfo.h"
+#include "DDatabase.h"
 #include "DFileObject.h"
+#include "DHandBook.h"
 #include "DObjectManager.h"
 #include "DRace.h"
 
@@ -10,14 +15,86 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+// Levels a command line may ask for in one go.
+constexpr int kMaxLevels = 100;
+
+int editDistance(const QString& a, const QString& b) {
+    std::vector<int> row(size_t(b.size()) + 1);
+    for (size_t j = 0; j < row.size(); ++j)
+        row[j] = int(j);
+    for (int i = 1; i <= a.size(); ++i) {
+        int diagonal = row[0];
+        row[0] = i;
+        for (int j = 1; j <= b.size(); ++j) {
+            const int above = row[size_t(j)];
+            row[size_t(j)] = std::min(
+                {above + 1, row[size_t(j) - 1] + 1, diagonal + (a[i - 1] == b[j - 1] ? 0 : 1)});
+            diagonal = above;
+        }
+    }
+    return row.back();
+}
+
+QString className(const QUuid& guid) {
+    const DClassInfo* info = DDatabase::GetClassInfoA(guid);
+    return info ? QString(info->mName) : guid.toString(QUuid::WithBraces).toUpper();
+}
+
+QStringList classNames() {
+    QStringList names;
+    for (const auto& [guid, info] : DDatabase::GetClassInfoMap())
+        names << static_cast<const DClassInfo*>(info)->mName;
+    return names;
+}
+
+QString levelText(float level) {
+    return DHandBook::BuildFractionString(level);
+}
+
+QString unknownName(const char* kind, const QString& name, const QStringList& closest) {
+    return QStringLiteral("unknown %1 '%2'%3")
+        .arg(QString::fromLatin1(kind), name,
+             closest.isEmpty() ? QString() : QStringLiteral("; closest: ") + closest.join(", "));
+}
+
+// A loaded character gets what was added to its race since it was saved.
+DCharacter* loadCharacter(const QString& path, QString& error) {
+    DCharacter* character = DCharacter::CreateFromFile(FCString(path), false, nullptr);
+    if (!character) {
+        error = QStringLiteral("%1 is not a readable character file").arg(path);
+        return nullptr;
+    }
+    if (character->GetLoadResult() == 1) {
+        error = QStringLiteral("the race of %1 is missing: %2")
+                    .arg(path, character->GetRaceFileObject()->GetAccessFilePath());
+        character->Release();
+        return nullptr;
+    }
+    DHandBook::UpdateWithRace(character);
+    return character;
+}
+
+} // namespace
+
 QString CharacterCommand::Help() const {
     return QStringLiteral(
         "Usage:\n"
-        "  hoard character new --name NAME [--player NAME] [--race RACE] -o FILE.chr\n"
-        "  hoard character show FILE.chr [--json]\n\n"
-        "new    makes a character of the named race (a race file's name, as `hoard race list`\n"
-        "       shows; Human when none is given) and saves it to FILE.chr.\n"
-        "show   reads a character file and prints what it holds.\n");
+        "  hoard character new --name NAME [--player NAME] [--race RACE]\n"
+        "                      [--class CLASS [--level N]]... -o FILE.chr\n"
+        "  hoard character show FILE.chr [--json]\n"
+        "  hoard character level-up FILE.chr --class CLASS [--json]\n\n"
+        "new       makes a character of the named race (a race file's name, as `hoard race list`\n"
+        "          shows; Human when none is given) with N levels of each CLASS in the order\n"
+        "          given (N is 1 when left out), and saves it to FILE.chr. Without --class it\n"
+        "          is the race alone: a monster of the race's hit dice.\n"
+        "show      reads a character file and prints what it holds.\n"
+        "level-up  adds one level of CLASS to the character and saves it back.\n"
+        "Classes are named as in the rules database, in any case.\n");
 }
 
 int CharacterCommand::Run(CliContext& context, QStringList args) {
@@ -34,8 +111,10 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return RunNew(context, args);
     if (sub == "show")
         return RunShow(context, args);
+    if (sub == "level-up")
+        return RunLevelUp(context, args);
     return CliContext::Fail(
-        QStringLiteral("unknown character command '%1' (try: new, show)").arg(sub));
+        QStringLiteral("unknown character command '%1' (try: new, show, level-up)").arg(sub));
 }
 
 DFileObject* CharacterCommand::FindRace(const QString& name) {
@@ -49,6 +128,31 @@ DFileObject* CharacterCommand::FindRace(const QString& name) {
     return found;
 }
 
+QUuid CharacterCommand::FindClass(const QString& name) {
+    for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
+        if (static_cast<const DClassInfo*>(info)->mName.compare(name, Qt::CaseInsensitive) == 0)
+            return guid;
+    }
+    return QUuid();
+}
+
+QStringList CharacterCommand::ClosestNames(const QString& name, const QStringList& names,
+                                           int count) {
+    QList<std::pair<int, QString>> ranked;
+    for (const QString& candidate : names) {
+        // A name that contains what was typed is as good as a near miss.
+        const int distance = candidate.contains(name, Qt::CaseInsensitive)
+                                 ? 1
+                                 : editDistance(name.toLower(), candidate.toLower());
+        ranked.append({distance, candidate});
+    }
+    std::sort(ranked.begin(), ranked.end());
+    QStringList closest;
+    for (int i = 0; i < std::min(count, int(ranked.size())); ++i)
+        closest << ranked[i].second;
+    return closest;
+}
+
 QStringList CharacterCommand::RaceNames() {
     QStringList names;
     for (const auto& entry : DObjectManager::GetRaceFileSet())
@@ -58,6 +162,36 @@ QStringList CharacterCommand::RaceNames() {
 }
 
 int CharacterCommand::RunNew(CliContext& context, QStringList args) {
+    // --class and --level come in order, so they are taken before the other options.
+    struct ClassLevels {
+        QString name;
+        int levels = 1;
+    };
+    QList<ClassLevels> classes;
+    for (int i = 0; i < args.size();) {
+        const QString option = args[i];
+        if (option != "--class" && option != "--level") {
+            ++i;
+            continue;
+        }
+        if (i + 1 >= args.size())
+            return CliContext::Fail(QStringLiteral("%1 is missing its value").arg(option));
+        const QString value = args[i + 1];
+        args.remove(i, 2);
+        if (option == "--class") {
+            classes.append({value, 1});
+            continue;
+        }
+        if (classes.isEmpty())
+            return CliContext::Fail(QStringLiteral("--level %1 comes after a --class").arg(value));
+        bool ok = false;
+        classes.last().levels = value.toInt(&ok);
+        if (!ok || classes.last().levels < 1 || classes.last().levels > kMaxLevels)
+            return CliContext::Fail(
+                QStringLiteral("--level takes a whole number from 1 to %1, not '%2'")
+                    .arg(kMaxLevels)
+                    .arg(value));
+    }
     QString name, player, race, output;
     if (!TakeOption(args, "--name", name) || !TakeOption(args, "--player", player) ||
         !TakeOption(args, "--race", race) || !TakeOption(args, "-o", output) ||
@@ -78,23 +212,34 @@ int CharacterCommand::RunNew(CliContext& context, QStringList args) {
     DFileObject* raceEntry = FindRace(raceName);
     if (!raceEntry) {
         const QStringList known = RaceNames();
-        return CliContext::Fail(
-            QStringLiteral("unknown race '%1'%2")
-                .arg(raceName, known.isEmpty()
-                                   ? QStringLiteral(" (no races are installed in %1/Core/Races)")
-                                         .arg(context.DataDir())
-                                   : QStringLiteral("; known races: ") + known.join(", ")));
+        if (known.isEmpty())
+            return CliContext::Fail(
+                QStringLiteral("unknown race '%1' (no races are installed in %2/Core/Races)")
+                    .arg(raceName, context.DataDir()));
+        return CliContext::Fail(unknownName("race", raceName, ClosestNames(raceName, known, 3)));
     }
-    auto* raceObject = FCDynamicCast<DRace>(raceEntry->GetCoreObject(DFileObject::kFlagEdit));
-    if (!raceObject)
-        return CliContext::Fail(
-            QStringLiteral("the race file %1 cannot be read").arg(raceEntry->GetAccessFilePath()));
+    QList<QUuid> history;
+    for (const ClassLevels& wanted : classes) {
+        const QUuid guid = FindClass(wanted.name);
+        if (guid.isNull())
+            return CliContext::Fail(
+                unknownName("class", wanted.name, ClosestNames(wanted.name, classNames(), 3)));
+        for (int level = 0; level < wanted.levels; ++level)
+            history.append(guid);
+    }
+    if (history.size() > kMaxLevels)
+        return CliContext::Fail(QStringLiteral("at most %1 levels in all").arg(kMaxLevels));
     DCharacter character;
     character.SetCharacterName(FCString(name.trimmed()));
     if (!player.isEmpty())
         character.SetPlayerName(FCString(player));
-    character.SetRaceFileObject(static_cast<DFileObject*>(raceEntry->Clone()));
-    character.SetRace(raceObject);
+    DHandBook::SetupCharacterWithRace(&character, raceEntry);
+    if (!character.GetRace())
+        return CliContext::Fail(
+            QStringLiteral("the race file %1 cannot be read").arg(raceEntry->GetAccessFilePath()));
+    for (const QUuid& guid : history)
+        character.AddHistory(guid, 1.0f);
+    DHandBook::CharacterSetup(&character, true);
     if (!character.SaveToFile(FCString(QFileInfo(output).absoluteFilePath())))
         return CliContext::Fail(QStringLiteral("cannot write %1").arg(output));
     DObjectManager::HandleCharacterSave(FCString(output));
@@ -117,25 +262,57 @@ int CharacterCommand::RunShow(CliContext& context, QStringList args) {
         return CliContext::Fail(QStringLiteral("no such file: %1").arg(args.first()));
     if (!context.StartLibrary())
         return 1;
-    DCharacter* character = DCharacter::CreateFromFile(FCString(path), false, nullptr);
+    DCharacter* character = loadCharacter(path, error);
     if (!character)
-        return CliContext::Fail(
-            QStringLiteral("%1 is not a readable character file").arg(args.first()));
-    const bool raceMissing = character->GetLoadResult() == 1;
-    const QString raceFile = character->GetRaceFileObject()->GetAccessFilePath();
-    if (raceMissing) {
-        character->Release();
-        return CliContext::Fail(
-            QStringLiteral("the race of %1 is missing: %2").arg(args.first(), raceFile));
-    }
+        return CliContext::Fail(error);
     PrintCharacter(*character, path, context.WantsJson());
     character->Release();
     return 0;
 }
 
+int CharacterCommand::RunLevelUp(CliContext& context, QStringList args) {
+    QString className;
+    if (!TakeOption(args, "--class", className))
+        return CliContext::Fail(QStringLiteral("--class is missing its value"));
+    QString error;
+    if (!RejectUnknownOptions(args, error))
+        return CliContext::Fail(error);
+    if (args.size() != 1)
+        return CliContext::Fail(QStringLiteral("give one character file (see --help)"));
+    if (className.isEmpty())
+        return CliContext::Fail(QStringLiteral("--class CLASS is required"));
+    const QString path = QFileInfo(args.first()).absoluteFilePath();
+    if (!QFileInfo(path).isFile())
+        return CliContext::Fail(QStringLiteral("no such file: %1").arg(args.first()));
+    if (!context.StartLibrary())
+        return 1;
+    const QUuid guid = FindClass(className);
+    if (guid.isNull())
+        return CliContext::Fail(
+            unknownName("class", className, ClosestNames(className, classNames(), 3)));
+    DCharacter* character = loadCharacter(path, error);
+    if (!character)
+        return CliContext::Fail(error);
+    const bool added = DHandBook::AddCharacterLevel(character, guid, false);
+    const bool saved = added && character->SaveToFile(FCString(path));
+    if (saved) {
+        DObjectManager::HandleCharacterSave(FCString(path));
+        PrintCharacter(*character, path, context.WantsJson());
+    }
+    character->Release();
+    if (!added)
+        return CliContext::Fail(QStringLiteral("%1 has no race entry to build on").arg(path));
+    return saved ? 0 : CliContext::Fail(QStringLiteral("cannot write %1").arg(path));
+}
+
 QJsonObject CharacterCommand::Describe(const DCharacter& character) {
     const DRace* race = character.GetRace();
+    QJsonArray classes;
+    for (const DCharacterClass* characterClass : character.GetClassList())
+        classes.append(QJsonObject{{"name", className(characterClass->GetClassGuid())},
+                                   {"level", double(characterClass->GetLevel())}});
     return QJsonObject{
+        {"classes", classes},
         {"name", character.GetCharacterName()},
         {"player", character.GetPlayerName()},
         {"file_name", character.GetFileCharacterName()},
@@ -166,5 +343,22 @@ void CharacterCommand::PrintCharacter(const DCharacter& character, const QString
                                    description["race_file"].toString()));
     CliContext::PrintLine(
         QStringLiteral("Level:      %1").arg(int(character.GetCharacterLevel())));
+    QStringList classes;
+    for (const DCharacterClass* characterClass : character.GetClassList())
+        classes << QStringLiteral("%1 %2").arg(className(characterClass->GetClassGuid()),
+                                               levelText(characterClass->GetLevel()));
+    CliContext::PrintLine(QStringLiteral("Classes:    %1").arg(classes.join(", ")));
+    QStringList history;
+    for (const DCharHistory* entry : character.GetHistoryArray()) {
+        QString step = className(entry->GetClassGuid());
+        if (entry->HasHistoryFlag(DCharHistory::kHistoryRaceClass))
+            step += QStringLiteral(" (race, %1 HD)").arg(levelText(entry->GetLevel()));
+        else if (entry->GetLevel() != 1.0f)
+            step += QStringLiteral(" x%1").arg(levelText(entry->GetLevel()));
+        if (entry->GetIsExClass())
+            step += QStringLiteral(" (ex)");
+        history << step;
+    }
+    CliContext::PrintLine(QStringLiteral("History:    %1").arg(history.join(", ")));
     CliContext::PrintLine(QStringLiteral("File:       %1").arg(file));
 }

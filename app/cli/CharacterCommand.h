@@ -5,8 +5,9 @@
 class DCharacter;
 class DFileObject;
 class QJsonObject;
+class QUuid;
 
-// "hoard character new|show": make and inspect character files.
+// "hoard character new|show|level-up": make, inspect and level character files.
 class CharacterCommand : public CliCommand {
 public:
     QString Name() const override { return QStringLiteral("character"); }
@@ -20,10 +21,15 @@ public:
     // before core ones; null if there is none.
     static DFileObject* FindRace(const QString& name);
     static QStringList RaceNames();
+    // The guid of the class of that name (any case) in the rules database; null if none.
+    static QUuid FindClass(const QString& name);
+    // Up to `count` of `names`, nearest to `name` first.
+    static QStringList ClosestNames(const QString& name, const QStringList& names, int count);
     static QJsonObject Describe(const DCharacter& character);
     static void PrintCharacter(const DCharacter& character, const QString& file, bool json);
 
 private:
     int RunNew(CliContext& context, QStringList args);
     int RunShow(CliContext& context, QStringList args);
+    int RunLevelUp(CliContext& context, QStringList args);
 };

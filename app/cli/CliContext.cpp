@@ -17,17 +17,6 @@
 
 namespace {
 
-QString defaultDataDir() {
-    const QString fromEnvironment = qEnvironmentVariable("HOARD_DATA");
-    if (!fromEnvironment.isEmpty())
-        return fromEnvironment;
-    // A build tree runs from its own data; an installed program from the shared folder.
-    const QString built = QStringLiteral(HOARD_DATA_BUILD_DIR);
-    if (QFileInfo(built + "/rules.db").isFile())
-        return built;
-    return QStringLiteral("/usr/share/hoard");
-}
-
 bool takeValue(QStringList& args, int i, QString& value, QString& error) {
     if (i + 1 >= args.size() || args[i + 1].startsWith("--")) {
         error = QStringLiteral("option %1 needs a value").arg(args[i]);
@@ -41,7 +30,7 @@ bool takeValue(QStringList& args, int i, QString& value, QString& error) {
 } // namespace
 
 bool CliContext::ParseGlobalOptions(QStringList& args, QString& error) {
-    mDataDir = defaultDataDir();
+    mDataDir = DOptions::FindDefaultAppPath(FCString(HOARD_DATA_BUILD_DIR));
     for (int i = 0; i < args.size();) {
         const QString& arg = args[i];
         QString value;
@@ -49,8 +38,12 @@ bool CliContext::ParseGlobalOptions(QStringList& args, QString& error) {
             if (!takeValue(args, i, mDataDir, error))
                 return false;
         } else if (arg == "--user") {
-            if (!takeValue(args, i, mUserDir, error))
-                return false;
+            // A bare "--user" is the user-tree filter of a command, not this option.
+            if (i + 1 >= args.size() || args[i + 1].startsWith("--")) {
+                ++i;
+                continue;
+            }
+            takeValue(args, i, mUserDir, error);
         } else if (arg == "--db") {
             if (!takeValue(args, i, mDatabase, error))
                 return false;
@@ -60,9 +53,10 @@ bool CliContext::ParseGlobalOptions(QStringList& args, QString& error) {
             bool ok = false;
             const qulonglong seed = value.toULongLong(&ok);
             if (!ok) {
-                error = QStringLiteral("--seed takes a whole number from 0 to 18446744073709551615, "
-                                       "not '%1'")
-                            .arg(value);
+                error =
+                    QStringLiteral("--seed takes a whole number from 0 to 18446744073709551615, "
+                                   "not '%1'")
+                        .arg(value);
                 return false;
             }
             FC::SeedRandom(seed);

@@ -21,8 +21,8 @@ int DbCommand::Run(CliContext& context, QStringList args) {
     }
     if (args.first() == "info" && args.size() == 1)
         return RunInfo(context);
-    return CliContext::Fail(QStringLiteral("unknown db command '%1' (try: hoard db info)")
-                                .arg(args.join(' ')));
+    return CliContext::Fail(
+        QStringLiteral("unknown db command '%1' (try: hoard db info)").arg(args.join(' ')));
 }
 
 int DbCommand::RunInfo(CliContext& context) {
@@ -35,10 +35,8 @@ int DbCommand::RunInfo(CliContext& context) {
         const int rows = DDatabase::ProbeRecordCount(index);
         const QString name = DDatabase::GetTableName(index);
         present += rows >= 0 ? 1 : 0;
-        tables.append(QJsonObject{{"index", index},
-                                  {"name", name},
-                                  {"present", rows >= 0},
-                                  {"rows", qMax(rows, 0)}});
+        tables.append(QJsonObject{
+            {"index", index}, {"name", name}, {"present", rows >= 0}, {"rows", qMax(rows, 0)}});
         lines << QStringLiteral("%1  %2  %3")
                      .arg(index, 3)
                      .arg(name, -52)
@@ -51,7 +49,8 @@ int DbCommand::RunInfo(CliContext& context) {
         return 0;
     }
     CliContext::PrintLine(QStringLiteral("Database: %1").arg(context.DatabaseConnection()));
-    CliContext::PrintLine(QStringLiteral("Tables present: %1 of %2\n").arg(present).arg(kTableCount));
+    CliContext::PrintLine(
+        QStringLiteral("Tables present: %1 of %2\n").arg(present).arg(kTableCount));
     for (const QString& line : lines)
         CliContext::PrintLine(line);
     return 0;

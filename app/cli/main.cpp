@@ -2,6 +2,10 @@
 #include "CliContext.h"
 #include "DbCommand.h"
 #include "DemoCommand.h"
+#include "FCRandom.h"
+#include "ObjectsCommand.h"
+#include "RaceCommand.h"
+#include "RollCommand.h"
 
 #include <QCoreApplication>
 
@@ -15,6 +19,9 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<DemoCommand>());
     commands.push_back(std::make_unique<DbCommand>());
     commands.push_back(std::make_unique<CharacterCommand>());
+    commands.push_back(std::make_unique<RaceCommand>());
+    commands.push_back(std::make_unique<ObjectsCommand>());
+    commands.push_back(std::make_unique<RollCommand>());
     return commands;
 }
 
@@ -37,6 +44,8 @@ int main(int argc, char* argv[]) {
     QStringList args = app.arguments().mid(1);
     const auto commands = makeCommands();
 
+    // Runs without --seed must not repeat each other's rolls; --seed replaces this seed.
+    FC::SeedRandomFromTime();
     CliContext context;
     QString error;
     if (!context.ParseGlobalOptions(args, error))

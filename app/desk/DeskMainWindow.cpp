@@ -5,6 +5,7 @@
 #include "DFileObject.h"
 #include "DObjectManager.h"
 #include "DRace.h"
+#include "DiceGenFrame.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -38,6 +39,19 @@ void DeskMainWindow::BuildMenus() {
     file->addAction(tr("&Open..."), QKeySequence::Open, this, &DeskMainWindow::ChooseFileToOpen);
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
+    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
+    tools->addAction(tr("&Dice..."), this, [this] {
+        // One dice window: asking again brings it forward.
+        auto* dice = findChild<DiceGenFrame*>();
+        if (!dice) {
+            dice = new DiceGenFrame(this);
+            dice->setWindowFlag(Qt::Window);
+            dice->setAttribute(Qt::WA_DeleteOnClose);
+        }
+        dice->show();
+        dice->raise();
+        dice->activateWindow();
+    });
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About Hoard"), this, &DeskMainWindow::ShowAbout);
 }

@@ -5,18 +5,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
-#include <QFileInfo>
 #include <QTimer>
-
-namespace {
-QString defaultDataDir() {
-    const QString fromEnvironment = qEnvironmentVariable("HOARD_DATA");
-    if (!fromEnvironment.isEmpty())
-        return fromEnvironment;
-    const QString built = QStringLiteral(HOARD_DATA_BUILD_DIR);
-    return QFileInfo(built + "/rules.db").isFile() ? built : QStringLiteral("/usr/share/hoard");
-}
-} // namespace
 
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
@@ -27,7 +16,8 @@ int main(int argc, char* argv[]) {
     parser.setApplicationDescription(QStringLiteral("Hoard desktop program"));
     parser.addHelpOption();
     parser.addVersionOption();
-    const QCommandLineOption dataOption("data", "Installed data folder.", "DIR", defaultDataDir());
+    const QCommandLineOption dataOption("data", "Installed data folder.", "DIR",
+                                  DOptions::FindDefaultAppPath(FCString(HOARD_DATA_BUILD_DIR)));
     const QCommandLineOption userOption("user", "User data folder.", "DIR");
     const QCommandLineOption dbOption("db", "Rules database connection.", "CONNECTION");
     const QCommandLineOption quitOption("quit-after", "Quit after MS milliseconds (for checks).",

@@ -21,7 +21,9 @@ DCharRaceBase::DCharRaceBase() {
     mSpeedArray.SetOwnership(kFCRetained);
 }
 
-DCharRaceBase::DCharRaceBase(const DCharRaceBase& other) : DCharRaceBase() { CopyBase(other); }
+DCharRaceBase::DCharRaceBase(const DCharRaceBase& other) : DCharRaceBase() {
+    CopyBase(other);
+}
 
 DCharRaceBase& DCharRaceBase::operator=(const DCharRaceBase& other) {
     if (this != &other)
@@ -117,8 +119,7 @@ DChosenFeat* DCharRaceBase::GetFeat(const QUuid& feat, int target, int subTarget
     return nullptr;
 }
 
-bool DCharRaceBase::HasFeat(const QUuid& feat, const QUuid& target,
-                            const QUuid& subTarget) const {
+bool DCharRaceBase::HasFeat(const QUuid& feat, const QUuid& target, const QUuid& subTarget) const {
     return GetFeat(feat, target, subTarget) != nullptr;
 }
 
@@ -147,7 +148,9 @@ int DCharRaceBase::GetFeatTypeCount(int featType) const {
     return count;
 }
 
-bool DCharRaceBase::RemoveFeat(DChosenFeat* feat) { return feat && mFeatSet.Remove(*feat); }
+bool DCharRaceBase::RemoveFeat(DChosenFeat* feat) {
+    return feat && mFeatSet.Remove(*feat);
+}
 
 DChosenLanguage* DCharRaceBase::GetLanguagePointer(const QUuid& language) const {
     return mLanguageMap.Lookup(language);

@@ -413,6 +413,19 @@ int DCharacter::GetPlayerClassCount() const {
     return count;
 }
 
+void DCharacter::PrepareForLevelUp() {
+    for (DCharacterClass* characterClass : mClassList)
+        characterClass->PrepareForLevelUp();
+}
+
+DSpellCaster* DCharacter::GetRaceSpellCaster(const QUuid& classGuid) const {
+    for (DSpellCaster* caster : mRaceSpellCasterArray) {
+        if (caster->GetClassGuid() == classGuid)
+            return caster;
+    }
+    return nullptr;
+}
+
 bool DCharacter::HasClassWithCasterFlag(unsigned mask) const {
     for (const DCharacterClass* characterClass : mClassList) {
         if (characterClass->HasCasterFlag(mask))
@@ -492,6 +505,17 @@ void DCharacter::SetCharacterRefereeStat(int stat, int value) {
 void DCharacter::AdjustCharacterRefereeStat(int stat, int delta) {
     if (stat >= 0 && stat < kRefereeStatCount)
         mCharacterRefereeStat[stat] += delta;
+}
+
+int DCharacter::AddChosenItem(DChosenItem* item) {
+    const int id = mNextItemId;
+    item->SetItemId(id);
+    // An item owned by a character is no longer part of a treasure.
+    item->RemoveItemFlag(0x80);
+    mItemMap.SetAt(id, item);
+    while (mItemMap.Contains(mNextItemId))
+        ++mNextItemId;
+    return id;
 }
 
 bool DCharacter::RemoveItem(int id) {

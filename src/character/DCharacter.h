@@ -117,6 +117,8 @@ public:
     void SetActiveClassId(const QUuid& guid) { mActiveClassId = guid; }
     const QUuid& GetActiveClassId() const { return mActiveClassId; }
     DCharacterClass* GetActiveClassPointer() const { return GetClassPointer(mActiveClassId); }
+    // Each class's previous level takes its level.
+    void PrepareForLevelUp();
 
     float GetCharacterLevel() const { return mCharacterLevel; }
     void SetCharacterLevel(float level) { mCharacterLevel = level; }
@@ -182,6 +184,8 @@ public:
     FCPointerMap<int, DChosenItem>& GetItemMap() { return mItemMap; }
     const FCPointerMap<int, DChosenItem>& GetItemMap() const { return mItemMap; }
     DChosenItem* GetItem(int id) const { return mItemMap.Lookup(id); }
+    // Files the item under the next free id and returns that id.
+    int AddChosenItem(DChosenItem* item);
     int GetNextItemId() const { return mNextItemId; }
     bool RemoveItem(int id);
     void RemoveAllItems();
@@ -212,6 +216,9 @@ public:
     FCPointerSet<DChosenSpell>& GetKnownSpellSet() { return mKnownSpellSet; }
     FCPointerSet<DChosenSpell>& GetPreparedSpellSet() { return mPreparedSpellSet; }
     FCPointerArray<DSpellCaster>& GetRaceSpellCasterArray() { return mRaceSpellCasterArray; }
+    DSpellCaster* GetRaceSpellCaster(const QUuid& classGuid) const;
+    void AddRaceSpellCaster(DSpellCaster* caster) { mRaceSpellCasterArray.Add(caster); }
+    bool HasRaceSpellCasters() const { return !mRaceSpellCasterArray.IsEmpty(); }
     DChosenAnimal* GetAnimal(int type) const;
     // Takes over `animal`.
     void SetAnimal(int type, DChosenAnimal* animal);

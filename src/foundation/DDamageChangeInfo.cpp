@@ -7,7 +7,7 @@ FC_IMPLEMENT_CLASS(DDamageChangeInfo, "DInfo", nullptr)
 void DDamageChangeInfo::SetData(odbc::ResultSet* resultSet) {
     mFromDieId = int(resultSet->getLong(QStringLiteral("FromDieId")));
     mUpDieData.SetDieCount(resultSet->getInt(QStringLiteral("UpDieCount")));
-    mUpDieData.SetDieId(resultSet->getInt(QStringLiteral("UpDieId")));
+    mUpDieData.SetDieType(resultSet->getInt(QStringLiteral("UpDieId")));
     mDownDieData.SetDieCount(resultSet->getInt(QStringLiteral("DownDieCount")));
-    mDownDieData.SetDieId(resultSet->getInt(QStringLiteral("DownDieId")));
+    mDownDieData.SetDieType(resultSet->getInt(QStringLiteral("DownDieId")));
 }

@@ -14,12 +14,12 @@
 #include "FCRandom.h"
 
 #include "Connection.h"
+#include "DriverManager.h"
+#include "Guid.h"
 #include "PreparedStatement.h"
 #include "ResultSet.h"
 #include "SQLException.h"
 #include "Statement.h"
-#include "DriverManager.h"
-#include "Guid.h"
 
 #include <exception>
 #include <memory>
@@ -284,9 +284,13 @@ constexpr const char* kSpellsDetailedForDomainLevel =
     "%s.[Guid] = %s.[Id] WHERE (%s.[DomainId] = ?) AND (%s.[Level] = ?) ORDER BY Name";
 constexpr const char* kSpellInfo = "SELECT Id, Name FROM %s WHERE (Id = ?)";
 
-QByteArray tableName(int index) { return DDatabase::GetTableName(index).toLatin1(); }
+QByteArray tableName(int index) {
+    return DDatabase::GetTableName(index).toLatin1();
+}
 
-QByteArray guidLiteral(const QUuid& guid) { return odbc::toStringODBC(guid).toLatin1(); }
+QByteArray guidLiteral(const QUuid& guid) {
+    return odbc::toStringODBC(guid).toLatin1();
+}
 
 void reportQueryFailure(const std::exception& error) {
     DFailureReporter::Report(QStringLiteral("Query failed"), QString::fromUtf8(error.what()));
@@ -422,14 +426,15 @@ int DDatabase::GetItemTypeTableId(int itemType) {
 
 template <typename K>
 static void loadMap(odbc::Connection* connection, const FCString& tableName, const char* className,
-                    FCPointerMap<K, DInfo>& map, K (*keyOf)(const DInfo&), bool (*valid)(const K&)) {
+                    FCPointerMap<K, DInfo>& map, K (*keyOf)(const DInfo&),
+                    bool (*valid)(const K&)) {
     map.SetOwnership(kFCRetained);
     if (!connection)
         return;
     try {
         std::unique_ptr<odbc::Statement> statement(connection->createStatement());
-        odbc::ResultSet* rows =
-            statement->executeQuery(QString::asprintf(kSelectAll, tableName.toLatin1().constData()));
+        odbc::ResultSet* rows = statement->executeQuery(
+            QString::asprintf(kSelectAll, tableName.toLatin1().constData()));
         while (rows && rows->next()) {
             auto* record = static_cast<DInfo*>(FCCreateDynamicObject(className));
             if (!record)
@@ -474,7 +479,9 @@ DClassInfo* DDatabase::GetClassInfoA(const QUuid& guid) {
 DAlignmentInfo* DDatabase::GetAlignmentInfo(int id) {
     return lookup<DAlignmentInfo>(mAlignmentInfoMap, id);
 }
-DSizeInfo* DDatabase::GetSizeInfo(int id) { return lookup<DSizeInfo>(mSizeInfoMap, id); }
+DSizeInfo* DDatabase::GetSizeInfo(int id) {
+    return lookup<DSizeInfo>(mSizeInfoMap, id);
+}
 DClassLevelInfo* DDatabase::GetClassLevelInfo(int level) {
     return lookup<DClassLevelInfo>(mClassLevelInfoMap, level);
 }
@@ -484,18 +491,30 @@ DSkillInfo* DDatabase::GetSkillInfo(const QUuid& guid) {
 DFeatInfo* DDatabase::GetFeatInfo(const QUuid& guid) {
     return lookup<DFeatInfo>(mFeatInfoMap, guid);
 }
-DCoinInfo* DDatabase::GetCoinInfo(int id) { return lookup<DCoinInfo>(mCoinInfoMap, id); }
-DSchoolInfo* DDatabase::GetSchoolInfo(int id) { return lookup<DSchoolInfo>(mSchoolInfoMap, id); }
+DCoinInfo* DDatabase::GetCoinInfo(int id) {
+    return lookup<DCoinInfo>(mCoinInfoMap, id);
+}
+DSchoolInfo* DDatabase::GetSchoolInfo(int id) {
+    return lookup<DSchoolInfo>(mSchoolInfoMap, id);
+}
 DDamageChangeInfo* DDatabase::GetDamageChangeInfo(int id) {
     return lookup<DDamageChangeInfo>(mDamageChangeInfoMap, id);
 }
 DInfo* DDatabase::GetWeaponInfo(const QUuid& guid) {
     return LookupOrQuery(mWeaponInfoMap, kTableWeapons, "DWeaponInfo", guid);
 }
-DInfo* DDatabase::GetArmorInfo(const QUuid& guid) { return mArmorInfoMap.Lookup(guid); }
-DInfo* DDatabase::GetShieldInfo(const QUuid& guid) { return mShieldInfoMap.Lookup(guid); }
-DInfo* DDatabase::GetGoodsInfo(const QUuid& guid) { return mGoodsInfoMap.Lookup(guid); }
-DInfo* DDatabase::GetMasterworkCostInfo(int id) { return mMasterworkCostInfoMap.Lookup(id); }
+DInfo* DDatabase::GetArmorInfo(const QUuid& guid) {
+    return mArmorInfoMap.Lookup(guid);
+}
+DInfo* DDatabase::GetShieldInfo(const QUuid& guid) {
+    return mShieldInfoMap.Lookup(guid);
+}
+DInfo* DDatabase::GetGoodsInfo(const QUuid& guid) {
+    return mGoodsInfoMap.Lookup(guid);
+}
+DInfo* DDatabase::GetMasterworkCostInfo(int id) {
+    return mMasterworkCostInfoMap.Lookup(id);
+}
 DInfo* DDatabase::GetWondrousInfo(const QUuid& guid) {
     return LookupOrQuery(mWondrousInfoMap, kTableWondrousItems, "DWondrousInfo", guid);
 }
@@ -543,9 +562,9 @@ bool DDatabase::GetInfo(int table, int id, int subId, DInfo* info) {
 }
 
 bool DDatabase::GetInfo(int table, const QUuid& guid, DInfo* info) {
-    return QueryInfo(QString::asprintf(kInfoByGuid, tableName(table).constData(),
-                                       guidLiteral(guid).constData()),
-                     info);
+    return QueryInfo(
+        QString::asprintf(kInfoByGuid, tableName(table).constData(), guidLiteral(guid).constData()),
+        info);
 }
 
 bool DDatabase::GetInfo(int table, const QUuid& guid, const QUuid& subGuid, DInfo* info) {
@@ -565,8 +584,7 @@ bool DDatabase::GetSpellsPerDayInfo(const QUuid& classId, int level, DInfo* info
     return GetInfo(kTableSpellsPerDay, classId, level, info);
 }
 
-bool DDatabase::GetSpellLevelInfoWithClass(const QUuid& spell, const QUuid& classId,
-                                           DInfo* info) {
+bool DDatabase::GetSpellLevelInfoWithClass(const QUuid& spell, const QUuid& classId, DInfo* info) {
     const QString sql =
         QString::asprintf(kSpellLevelByClass, tableName(kTableSpellLevel).constData(),
                           guidLiteral(spell).constData(), guidLiteral(classId).constData());
@@ -582,9 +600,9 @@ bool DDatabase::GetFamiliarMountInfo(int masterLevel, int kind, DInfo* info) {
     if (kind < 0 || kind > 2)
         return false;
     const int table = kTableFamiliar + kind;
-    return QueryInfo(QString::asprintf(kFamiliarByLevel, tableName(table).constData(), masterLevel,
-                                       masterLevel),
-                     info);
+    return QueryInfo(
+        QString::asprintf(kFamiliarByLevel, tableName(table).constData(), masterLevel, masterLevel),
+        info);
 }
 
 QUuid DDatabase::GetGuid(int table, int id) {
@@ -617,9 +635,9 @@ bool DDatabase::GetHelpText(int table, int id, int subId, FCString& out) {
 }
 
 bool DDatabase::GetHelpText(int table, const QUuid& guid, FCString& out) {
-    return readHelpText(QString::asprintf(kHelpByGuid, tableName(table).constData(),
-                                          guidLiteral(guid).constData()),
-                        out);
+    return readHelpText(
+        QString::asprintf(kHelpByGuid, tableName(table).constData(), guidLiteral(guid).constData()),
+        out);
 }
 
 bool DDatabase::GetHelpText(int table, const QUuid& guid, const QUuid& subGuid, FCString& out) {
@@ -658,8 +676,8 @@ int DDatabase::ProbeRecordCount(int table) {
         return -1;
     try {
         std::unique_ptr<odbc::Statement> statement(mConnection->createStatement());
-        odbc::ResultSet* rows = statement->executeQuery(
-            QString::asprintf(kRecordCount, tableName(table).constData()));
+        odbc::ResultSet* rows =
+            statement->executeQuery(QString::asprintf(kRecordCount, tableName(table).constData()));
         return rows && rows->next() ? rows->getInt(QStringLiteral("RecordCount")) : -1;
     } catch (const std::exception&) {
         return -1;
@@ -749,10 +767,28 @@ QStringList DDatabase::GetStatementSamples() {
     const QByteArray g = guidLiteral(guid);
     const QByteArray spell = tableName(kTableSpell), level = tableName(kTableSpellLevel);
     QStringList samples;
-    for (int table : std::initializer_list<int>{kTableClass, kTableAlignment, kTableSize, kTableLevelGold, kTableSkill,
-                      kTableFeat, kTableCoin, kTableSpellSchools, kTableAdvancementDamage,
-                      kTableWeapons, kTableArmor, kTableShield, kTableGoods, kTableMasterworkCosts,
-                      193, 194, 195, 196, 27, 201, 203, 188})
+    for (int table : std::initializer_list<int>{kTableClass,
+                                                kTableAlignment,
+                                                kTableSize,
+                                                kTableLevelGold,
+                                                kTableSkill,
+                                                kTableFeat,
+                                                kTableCoin,
+                                                kTableSpellSchools,
+                                                kTableAdvancementDamage,
+                                                kTableWeapons,
+                                                kTableArmor,
+                                                kTableShield,
+                                                kTableGoods,
+                                                kTableMasterworkCosts,
+                                                193,
+                                                194,
+                                                195,
+                                                196,
+                                                27,
+                                                201,
+                                                203,
+                                                188})
         samples << QString::asprintf(kSelectAll, tableName(table).constData());
     samples << QString::asprintf(kInfoById, tableName(kTableSize).constData(), 1)
             << QString::asprintf(kInfoByIdSub, tableName(11).constData(), 1, 1)
@@ -770,11 +806,11 @@ QStringList DDatabase::GetStatementSamples() {
     // GetSubGuid has no table of ours that carries both an integer pair and a SubGuid, so
     // its statement is not sampled.
     samples << QString::asprintf(kGuidById, tableName(kTableClass).constData(), 1);
-    for (int table : std::initializer_list<int>{kTableSkill, kTableFeat, kTableLanguage, kTableSpell, kTableGod,
-                      kTableDomain, kTableFeatures, 73, 75, 77, 84, 87, 118, 119, 120, 121}) {
+    for (int table : std::initializer_list<int>{
+             kTableSkill, kTableFeat, kTableLanguage, kTableSpell, kTableGod, kTableDomain,
+             kTableFeatures, 73, 75, 77, 84, 87, 118, 119, 120, 121}) {
         samples << QString::asprintf(kHelpByGuid, tableName(table).constData(), g.constData())
-                << QString::asprintf(kHelpIndexByGuid, tableName(table).constData(),
-                                     g.constData());
+                << QString::asprintf(kHelpIndexByGuid, tableName(table).constData(), g.constData());
     }
     samples << QString::asprintf(kHelpByGuidSub, tableName(kTableSkillSub).constData(),
                                  g.constData(), g.constData())

@@ -38,9 +38,15 @@ void DFailureReporter::Report(const QString& caption, const QString& text) {
         std::fprintf(stderr, "%s: %s\n", qUtf8Printable(caption), qUtf8Printable(text));
 }
 
-int DFailureReporter::GetReportCount() { return gReportCount; }
-QString DFailureReporter::GetLastCaption() { return lastCaption(); }
-QString DFailureReporter::GetLastText() { return lastText(); }
+int DFailureReporter::GetReportCount() {
+    return gReportCount;
+}
+QString DFailureReporter::GetLastCaption() {
+    return lastCaption();
+}
+QString DFailureReporter::GetLastText() {
+    return lastText();
+}
 
 void DFailureReporter::ResetReports() {
     gReportCount = 0;
@@ -48,4 +54,6 @@ void DFailureReporter::ResetReports() {
     lastText().clear();
 }
 
-void DFailureReporter::SetQuiet(bool quiet) { gQuiet = quiet; }
+void DFailureReporter::SetQuiet(bool quiet) {
+    gQuiet = quiet;
+}

@@ -22,7 +22,9 @@ DFileObject& DFileObject::operator=(const DFileObject& other) {
     return *this;
 }
 
-DFileObject::~DFileObject() { SetCoreObject(nullptr); }
+DFileObject::~DFileObject() {
+    SetCoreObject(nullptr);
+}
 
 bool DFileObject::operator<(const FCObject& other) const {
     const auto* entry = FCDynamicCast<DFileObject>(&other);
@@ -49,7 +51,8 @@ void DFileObject::Serialize(FCArchive& archive) {
 }
 
 FCString DFileObject::GetAccessFilePath() const {
-    return FCString(DObjectManager::GetObjectPath(mObjectType, mFileObjectType) + mRelativeFilePath);
+    return FCString(DObjectManager::GetObjectPath(mObjectType, mFileObjectType) +
+                    mRelativeFilePath);
 }
 
 FCString DFileObject::GetBaseFileName() const {

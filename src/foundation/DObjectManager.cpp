@@ -33,8 +33,8 @@ FCString fileNameOf(const FCString& path) {
 void DObjectManager::StartUp() {
     if (mHasStarted)
         return;
-    for (auto* set : {&mRaceFileSet, &mCharacterSet, &mMonsterSet, &mTreasureSet, &mTableSet,
-                      &mEncounterSet})
+    for (auto* set :
+         {&mRaceFileSet, &mCharacterSet, &mMonsterSet, &mTreasureSet, &mTableSet, &mEncounterSet})
         set->SetOwnership(kFCRetained);
     LoadRaceFileSet();
     LoadObjectSet(kObjectCharacter);
@@ -107,8 +107,8 @@ void DObjectManager::LoadObjectSet(DObjectType type) {
     auto& set = type == kObjectCharacter ? mCharacterSet : mMonsterSet;
     set.RemoveAll();
     for (DFileObjectType tree : kTrees)
-        AddFileObjectsToSet(tree, type, FCString("*." + GetObjectExtension(type)), set, true,
-                            false, DFileObject::kFlagHeaderOnly);
+        AddFileObjectsToSet(tree, type, FCString("*." + GetObjectExtension(type)), set, true, false,
+                            DFileObject::kFlagHeaderOnly);
 }
 
 void DObjectManager::LoadTreasureSet() {
@@ -126,8 +126,8 @@ void DObjectManager::LoadTableSet() {
 
 void DObjectManager::LoadEncounterSet() {
     mEncounterSet.RemoveAll();
-    AddFileObjectsToSet(kFileUser, kObjectEncounter, FCString("*.enc"), mEncounterSet, false,
-                        false, 0);
+    AddFileObjectsToSet(kFileUser, kObjectEncounter, FCString("*.enc"), mEncounterSet, false, false,
+                        0);
 }
 
 void DObjectManager::AddRacesToFileSet(DFileObjectType tree, const FCString& mask,
@@ -173,9 +173,8 @@ void DObjectManager::HandleRaceSave(const FCString& path) {
 
 void DObjectManager::HandleCharacterSave(const FCString& path) {
     const FCString name = fileNameOf(path);
-    const bool isCharacter =
-        QFileInfo(name).suffix().compare(GetObjectExtension(kObjectCharacter),
-                                         Qt::CaseInsensitive) == 0;
+    const bool isCharacter = QFileInfo(name).suffix().compare(GetObjectExtension(kObjectCharacter),
+                                                              Qt::CaseInsensitive) == 0;
     const DObjectType type = isCharacter ? kObjectCharacter : kObjectMonster;
     auto& set = isCharacter ? mCharacterSet : mMonsterSet;
     for (DFileObjectType tree : kTrees)

@@ -1,6 +1,7 @@
 #include "DOptions.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 FCString DOptions::mAppPath;
@@ -17,9 +18,13 @@ FCString DOptions::GetUserDataPath() {
     return mUserDataPath;
 }
 
-void DOptions::SetUserDataPath(const FCString& path) { mUserDataPath = path; }
+void DOptions::SetUserDataPath(const FCString& path) {
+    mUserDataPath = path;
+}
 
-FCString DOptions::GetArtPath() { return FCString(mAppPath + "/Portraits"); }
+FCString DOptions::GetArtPath() {
+    return FCString(mAppPath + "/Portraits");
+}
 
 FCString DOptions::GetTempPath() {
     if (mTempPath.isEmpty())
@@ -27,4 +32,15 @@ FCString DOptions::GetTempPath() {
     return mTempPath;
 }
 
-void DOptions::SetTempPath(const FCString& path) { mTempPath = path; }
+void DOptions::SetTempPath(const FCString& path) {
+    mTempPath = path;
+}
+
+FCString DOptions::FindDefaultAppPath(const FCString& builtDataDir) {
+    const QString fromEnvironment = qEnvironmentVariable("HOARD_DATA");
+    if (!fromEnvironment.isEmpty())
+        return FCString(fromEnvironment);
+    if (QFileInfo(builtDataDir + "/rules.db").isFile())
+        return builtDataDir;
+    return FCString("/usr/share/hoard");
+}

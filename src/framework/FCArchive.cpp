@@ -19,7 +19,9 @@ FCArchive::~FCArchive() {
         delete mStream;
 }
 
-bool FCArchive::IsOk() const { return !mFailed && mStream->status() == QDataStream::Ok; }
+bool FCArchive::IsOk() const {
+    return !mFailed && mStream->status() == QDataStream::Ok;
+}
 
 void FCArchive::SetFailed() {
     mFailed = true;
@@ -116,11 +118,21 @@ template <typename T> static void transferScalar(FCArchive& archive, T& value) {
     }
 }
 
-void FCArchive::Transfer(qint32& value) { transferScalar(*this, value); }
-void FCArchive::Transfer(quint32& value) { transferScalar(*this, value); }
-void FCArchive::Transfer(qint64& value) { transferScalar(*this, value); }
-void FCArchive::Transfer(qint16& value) { transferScalar(*this, value); }
-void FCArchive::Transfer(float& value) { transferScalar(*this, value); }
+void FCArchive::Transfer(qint32& value) {
+    transferScalar(*this, value);
+}
+void FCArchive::Transfer(quint32& value) {
+    transferScalar(*this, value);
+}
+void FCArchive::Transfer(qint64& value) {
+    transferScalar(*this, value);
+}
+void FCArchive::Transfer(qint16& value) {
+    transferScalar(*this, value);
+}
+void FCArchive::Transfer(float& value) {
+    transferScalar(*this, value);
+}
 
 void FCArchive::Transfer(double& value) {
     // Doubles keep their precision; the stream's float setting is for floats only.
@@ -136,7 +148,9 @@ void FCArchive::Transfer(bool& value) {
         value = raw != 0;
 }
 
-void FCArchive::Transfer(QUuid& value) { transferScalar(*this, value); }
+void FCArchive::Transfer(QUuid& value) {
+    transferScalar(*this, value);
+}
 
 void FCArchive::Transfer(QString& value) {
     if (IsStoring()) {

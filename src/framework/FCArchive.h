@@ -63,7 +63,7 @@ public:
     void Transfer(QUuid& value);
     void Transfer(QString& value);
     template <typename E>
-        requires std::is_enum_v<E>
+    requires std::is_enum_v<E>
     void Transfer(E& value) {
         qint32 raw = static_cast<qint32>(value);
         Transfer(raw);

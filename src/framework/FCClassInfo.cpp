@@ -18,7 +18,9 @@ FCClassInfo::FCClassInfo(const char* className, const char* baseName, const char
     ++gClassCount;
 }
 
-FCObject* FCClassInfo::CreateObject() const { return mFactory ? mFactory() : nullptr; }
+FCObject* FCClassInfo::CreateObject() const {
+    return mFactory ? mFactory() : nullptr;
+}
 
 bool FCClassInfo::IsDerivedFrom(const FCClassInfo* other) const {
     if (!other)
@@ -48,7 +50,9 @@ const FCClassInfo* FCClassInfo::Find(const char* className) {
     return nullptr;
 }
 
-int FCClassInfo::GetRegisteredCount() { return gClassCount; }
+int FCClassInfo::GetRegisteredCount() {
+    return gClassCount;
+}
 
 FCObject* FCCreateDynamicObject(const char* className) {
     const FCClassInfo* info = FCClassInfo::Find(className);

@@ -43,9 +43,13 @@ FCObject* FCCreateDynamicObject(const char* className);
 // Declares the registry members of a persistent class; put inside the class body.
 #define FC_DECLARE_CLASS(ClassName)                                                                \
 public:                                                                                            \
-    static FCClassInfo mClass##ClassName;                                                         \
-    static FCClassInfo* GetStaticClassInfo() { return &mClass##ClassName; }                       \
-    FCClassInfo* GetClassInfoA() const override { return &mClass##ClassName; }                    \
+    static FCClassInfo mClass##ClassName;                                                          \
+    static FCClassInfo* GetStaticClassInfo() {                                                     \
+        return &mClass##ClassName;                                                                 \
+    }                                                                                              \
+    FCClassInfo* GetClassInfoA() const override {                                                  \
+        return &mClass##ClassName;                                                                 \
+    }                                                                                              \
                                                                                                    \
 private:                                                                                           \
     static FCObject* CreateInstance##ClassName();                                                  \
@@ -54,13 +58,17 @@ public:
 
 // Defines the registry entry of a class that can be created by name.
 #define FC_IMPLEMENT_CLASS(ClassName, BaseName, SecondBase)                                        \
-    FCObject* ClassName::CreateInstance##ClassName() { return new ClassName; }                     \
+    FCObject* ClassName::CreateInstance##ClassName() {                                             \
+        return new ClassName;                                                                      \
+    }                                                                                              \
     FCClassInfo ClassName::mClass##ClassName(#ClassName, BaseName, SecondBase,                     \
                                              int(sizeof(ClassName)),                               \
                                              &ClassName::CreateInstance##ClassName);
 
 // Defines the registry entry of an abstract class (no factory).
 #define FC_IMPLEMENT_ABSTRACT_CLASS(ClassName, BaseName, SecondBase)                               \
-    FCObject* ClassName::CreateInstance##ClassName() { return nullptr; }                           \
+    FCObject* ClassName::CreateInstance##ClassName() {                                             \
+        return nullptr;                                                                            \
+    }                                                                                              \
     FCClassInfo ClassName::mClass##ClassName(#ClassName, BaseName, SecondBase,                     \
                                              int(sizeof(ClassName)), nullptr);

@@ -48,16 +48,21 @@ bool FCFileManager::FileExists(const FCString& path) {
     return QFileInfo(ResolvePath(path)).isFile();
 }
 
-bool FCFileManager::MakeDirectory(const FCString& path) { return QDir().mkpath(ResolvePath(path)); }
+bool FCFileManager::MakeDirectory(const FCString& path) {
+    return QDir().mkpath(ResolvePath(path));
+}
 
-bool FCFileManager::RemoveFile(const FCString& path) { return QFile::remove(ResolvePath(path)); }
+bool FCFileManager::RemoveFile(const FCString& path) {
+    return QFile::remove(ResolvePath(path));
+}
 
 bool FCFileManager::FindUniqueFileName(const FCString& directory, const FCString& baseName,
                                        const FCString& extension, FCString& result) {
     const QDir dir(ResolvePath(directory));
     const QString suffix = extension.isEmpty() ? QString() : "." + extension;
     for (int n = 1; n < 100000; ++n) {
-        const QString name = n == 1 ? baseName + suffix : QString("%1 %2%3").arg(baseName).arg(n).arg(suffix);
+        const QString name =
+            n == 1 ? baseName + suffix : QString("%1 %2%3").arg(baseName).arg(n).arg(suffix);
         if (!dir.exists(name)) {
             result = FCString(name);
             return true;

@@ -1,4 +1,3 @@
 #include "FCObject.h"
 
-FCClassInfo FCObject::mClassFCObject("FCObject", nullptr, nullptr, int(sizeof(FCObject)),
-                                     nullptr);
+FCClassInfo FCObject::mClassFCObject("FCObject", nullptr, nullptr, int(sizeof(FCObject)), nullptr);

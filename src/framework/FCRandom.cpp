@@ -44,6 +44,8 @@ std::uint64_t SeedRandomFromTime() {
     return seed;
 }
 
-std::uint64_t GetRandomDrawCount() { return gDraws; }
+std::uint64_t GetRandomDrawCount() {
+    return gDraws;
+}
 
 } // namespace FC

@@ -29,7 +29,9 @@ CliRun hoard(const QStringList& args, const QString& userDir = QString()) {
             QString::fromUtf8(process.readAllStandardError())};
 }
 
-QJsonObject json(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
+QJsonObject json(const QString& text) {
+    return QJsonDocument::fromJson(text.toUtf8()).object();
+}
 
 } // namespace
 
@@ -66,7 +68,8 @@ TEST(HoardCli, UserErrorsGiveOneLineAndStatusOne) {
 TEST(HoardCli, HelpNamesEveryCommandAndGlobalOption) {
     const CliRun run = hoard({"--help"});
     EXPECT_EQ(run.status, 0);
-    for (const char* word : {"demo", "db", "character", "--data", "--user", "--db", "--seed", "--json"})
+    for (const char* word :
+         {"demo", "db", "character", "--data", "--user", "--db", "--seed", "--json"})
         EXPECT_TRUE(run.out.contains(word)) << word;
     for (const char* command : {"db", "character", "demo"})
         EXPECT_EQ(hoard({command, "--help"}).status, 0) << command;

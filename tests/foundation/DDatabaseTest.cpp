@@ -23,11 +23,14 @@
 
 namespace {
 
-QString rulesDatabase() { return hoardtest::builtDataDir() + "/rules.db"; }
+QString rulesDatabase() {
+    return hoardtest::builtDataDir() + "/rules.db";
+}
 
 // Counts rows with a connection of the test's own, independent of DDatabase.
 int countRows(const QString& table) {
-    std::unique_ptr<odbc::Connection> connection(odbc::DriverManager::getConnection(rulesDatabase()));
+    std::unique_ptr<odbc::Connection> connection(
+        odbc::DriverManager::getConnection(rulesDatabase()));
     std::unique_ptr<odbc::Statement> statement(connection->createStatement());
     odbc::ResultSet* rows = statement->executeQuery("SELECT COUNT(*) FROM " + table);
     return rows->next() ? rows->getInt(1) : -1;
@@ -48,7 +51,8 @@ protected:
         QuietReports::SetUp();
         ASSERT_TRUE(QFile::exists(rulesDatabase())) << "build the rules database first";
         ASSERT_TRUE(DDatabase::StartUp(FCString(rulesDatabase())));
-        ASSERT_EQ(DFailureReporter::GetReportCount(), 0) << DFailureReporter::GetLastText().toStdString();
+        ASSERT_EQ(DFailureReporter::GetReportCount(), 0)
+            << DFailureReporter::GetLastText().toStdString();
     }
     void TearDown() override {
         DDatabase::ShutDown();
@@ -142,7 +146,8 @@ TEST_F(PreloadedDatabase, FailedQueryReportsOnceAndGivesTheNeutralResult) {
 }
 
 TEST_F(PreloadedDatabase, EveryStatementTextRunsAgainstTheBuiltSchema) {
-    std::unique_ptr<odbc::Connection> connection(odbc::DriverManager::getConnection(rulesDatabase()));
+    std::unique_ptr<odbc::Connection> connection(
+        odbc::DriverManager::getConnection(rulesDatabase()));
     for (const QString& sql : DDatabase::GetStatementSamples()) {
         std::unique_ptr<odbc::Statement> statement(connection->createStatement());
         try {
@@ -156,7 +161,8 @@ TEST_F(PreloadedDatabase, EveryStatementTextRunsAgainstTheBuiltSchema) {
           DDatabase::GetSpellsDetailedForClassLevelStmt(),
           DDatabase::GetSpellsDetailedForDomainLevelStmt(), DDatabase::GetSpellInfoStmt()})
         EXPECT_NE(prepared, nullptr);
-    EXPECT_EQ(DFailureReporter::GetReportCount(), 0) << DFailureReporter::GetLastText().toStdString();
+    EXPECT_EQ(DFailureReporter::GetReportCount(), 0)
+        << DFailureReporter::GetLastText().toStdString();
 }
 
 TEST_F(PreloadedDatabase, RandomGuidComesFromTheTable) {

@@ -2,8 +2,28 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdlib>
 #include <random>
 #include <vector>
+
+#if defined(__SANITIZE_ADDRESS__)
+#define FCTEST_ASAN 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define FCTEST_ASAN 1
+#endif
+#endif
+
+#ifdef FCTEST_ASAN
+#include <sanitizer/allocator_interface.h>
+
+#include <atomic>
+#else
+#include <QFile>
+
+#include <sys/resource.h>
+#endif
 
 using fctest::Bytes;
 using fctest::loadObject;
@@ -84,6 +104,84 @@ void expectCleanOutcome(const QByteArray& bytes) {
         EXPECT_EQ(bytes[1], '\0');
     }
 }
+
+struct ImpossibleCase {
+    const char* label;
+    QByteArray bytes;
+    qint64 remainingAfter; // bytes the failed read must leave unread; -1: not checked
+};
+
+// Lengths, counts and modes that no sound file holds.
+std::vector<ImpossibleCase> impossibleCases() {
+    const QByteArray tail = QByteArray::fromHex("0102030405060708");
+    return {
+        {"string 0x7FFFFFFE bytes", Bytes().name("TestText").u32(0x7FFFFFFE).raw(tail).data(), 8},
+        {"string 0xFFFFFFFE bytes", Bytes().name("TestText").u32(0xFFFFFFFE).raw(tail).data(), 8},
+        {"string longer than the rest", Bytes().name("TestText").u32(10).raw(tail).data(), 8},
+        {"string of odd length", Bytes().name("TestText").u32(3).raw(tail).data(), -1},
+        {"int array 0x7FFFFFFF", Bytes().name("TestIntList").i32(0x7FFFFFFF).raw(tail).data(), 8},
+        {"int array -1", Bytes().name("TestIntList").i32(-1).raw(tail).data(), 8},
+        {"int array INT_MIN", Bytes().name("TestIntList").u32(0x80000000).raw(tail).data(), 8},
+        {"int set 0x7FFFFFFF", Bytes().name("TestIntSet").i32(0x7FFFFFFF).raw(tail).data(), 8},
+        {"int set -5", Bytes().name("TestIntSet").i32(-5).raw(tail).data(), 8},
+        {"pointer array 0x7FFFFFFF",
+         Bytes().name("TestObjList").i32(2).i32(0x7FFFFFFF).raw(tail).data(), 8},
+        {"pointer array -1", Bytes().name("TestObjList").i32(1).i32(-1).raw(tail).data(), 8},
+        {"pointer set 0x7FFFFFFF",
+         Bytes().name("TestObjSet").i32(2).i32(0x7FFFFFFF).raw(tail).data(), 8},
+        {"pointer map 0x7FFFFFFF",
+         Bytes().name("TestObjMap").i32(1).i32(0x7FFFFFFF).raw(tail).data(), 8},
+        {"ownership mode 3", Bytes().name("TestObjList").i32(3).i32(0).data(), -1},
+        {"ownership mode -1", Bytes().name("TestObjSet").i32(-1).i32(0).data(), -1},
+        {"ownership mode 0x7FFFFFFF", Bytes().name("TestObjMap").i32(0x7FFFFFFF).i32(0).data(),
+         -1},
+        {"borrowing array with an element",
+         Bytes().name("TestObjList").i32(0).i32(1).name("TestCounted").i32(1).data(), -1},
+        {"null element", Bytes().name("TestObjList").i32(2).i32(1).u16(0).data(), -1},
+        {"null map element", Bytes().name("TestObjMap").i32(2).i32(1).i32(4).u16(0).data(), -1},
+        {"element of a base class",
+         Bytes().name("TestDerivedList").i32(2).i32(1).name("TestCounted").i32(1).data(), -1},
+        {"element of an unrelated class",
+         Bytes().name("TestObjList").i32(2).i32(1).name("TestText").u32(0xFFFFFFFF).data(), -1},
+        {"second element truncated",
+         Bytes().name("TestObjList").i32(2).i32(2).name("TestCounted").i32(1).name("TestCou")
+             .data(),
+         -1},
+    };
+}
+
+
+#ifdef FCTEST_ASAN
+// The sanitizer reserves far more address space than it uses, so a cap on it proves nothing;
+// its allocator hooks show the size of every allocation instead.
+std::atomic<std::size_t> gLargestAllocation{0};
+
+void noteAllocation(const volatile void*, std::size_t size) {
+    std::size_t seen = gLargestAllocation.load();
+    while (size > seen && !gLargestAllocation.compare_exchange_weak(seen, size)) {
+    }
+}
+void noteFree(const volatile void*) {}
+#else
+// Caps the address space at what the process maps now plus `headroom`, so that an
+// allocation sized by a hostile count fails loudly instead of passing unseen.
+bool capAddressSpace(rlim_t headroom) {
+    QFile status("/proc/self/status");
+    if (!status.open(QIODevice::ReadOnly))
+        return false;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (!line.startsWith("VmSize:"))
+            continue;
+        const rlim_t kilobytes = line.mid(7).trimmed().split(' ').value(0).toULongLong();
+        rlimit limit{};
+        if (kilobytes == 0 || getrlimit(RLIMIT_AS, &limit) != 0)
+            return false;
+        limit.rlim_cur = kilobytes * 1024 + headroom;
+        return setrlimit(RLIMIT_AS, &limit) == 0;
+    }
+    return false;
+}
+#endif
 
 } // namespace
 
@@ -176,48 +274,9 @@ TEST(FCArchiveHostileTest, MutatedArchivesNeverCrashOrLeak) {
 }
 
 TEST(FCArchiveHostileTest, ImpossibleLengthsAndCountsFailBeforeReadingOn) {
-    const QByteArray tail = QByteArray::fromHex("0102030405060708");
-    struct Case {
-        const char* label;
-        QByteArray bytes;
-        qint64 remainingAfter; // bytes the failed read must leave unread; -1: not checked
-    };
-    const std::vector<Case> cases = {
-        {"string 0x7FFFFFFE bytes", Bytes().name("TestText").u32(0x7FFFFFFE).raw(tail).data(), 8},
-        {"string 0xFFFFFFFE bytes", Bytes().name("TestText").u32(0xFFFFFFFE).raw(tail).data(), 8},
-        {"string longer than the rest", Bytes().name("TestText").u32(10).raw(tail).data(), 8},
-        {"string of odd length", Bytes().name("TestText").u32(3).raw(tail).data(), -1},
-        {"int array 0x7FFFFFFF", Bytes().name("TestIntList").i32(0x7FFFFFFF).raw(tail).data(), 8},
-        {"int array -1", Bytes().name("TestIntList").i32(-1).raw(tail).data(), 8},
-        {"int array INT_MIN", Bytes().name("TestIntList").u32(0x80000000).raw(tail).data(), 8},
-        {"int set 0x7FFFFFFF", Bytes().name("TestIntSet").i32(0x7FFFFFFF).raw(tail).data(), 8},
-        {"int set -5", Bytes().name("TestIntSet").i32(-5).raw(tail).data(), 8},
-        {"pointer array 0x7FFFFFFF",
-         Bytes().name("TestObjList").i32(2).i32(0x7FFFFFFF).raw(tail).data(), 8},
-        {"pointer array -1", Bytes().name("TestObjList").i32(1).i32(-1).raw(tail).data(), 8},
-        {"pointer set 0x7FFFFFFF",
-         Bytes().name("TestObjSet").i32(2).i32(0x7FFFFFFF).raw(tail).data(), 8},
-        {"pointer map 0x7FFFFFFF",
-         Bytes().name("TestObjMap").i32(1).i32(0x7FFFFFFF).raw(tail).data(), 8},
-        {"ownership mode 3", Bytes().name("TestObjList").i32(3).i32(0).data(), -1},
-        {"ownership mode -1", Bytes().name("TestObjSet").i32(-1).i32(0).data(), -1},
-        {"ownership mode 0x7FFFFFFF", Bytes().name("TestObjMap").i32(0x7FFFFFFF).i32(0).data(),
-         -1},
-        {"borrowing array with an element",
-         Bytes().name("TestObjList").i32(0).i32(1).name("TestCounted").i32(1).data(), -1},
-        {"null element", Bytes().name("TestObjList").i32(2).i32(1).u16(0).data(), -1},
-        {"null map element", Bytes().name("TestObjMap").i32(2).i32(1).i32(4).u16(0).data(), -1},
-        {"element of a base class",
-         Bytes().name("TestDerivedList").i32(2).i32(1).name("TestCounted").i32(1).data(), -1},
-        {"element of an unrelated class",
-         Bytes().name("TestObjList").i32(2).i32(1).name("TestText").u32(0xFFFFFFFF).data(), -1},
-        {"second element truncated",
-         Bytes().name("TestObjList").i32(2).i32(2).name("TestCounted").i32(1).name("TestCou")
-             .data(),
-         -1},
-    };
+    const std::vector<ImpossibleCase> cases = impossibleCases();
     const int before = liveObjects();
-    for (const Case& c : cases) {
+    for (const ImpossibleCase& c : cases) {
         SCOPED_TRACE(c.label);
         QDataStream stream(c.bytes);
         FCArchive archive(&stream, FCArchive::Load);
@@ -231,6 +290,40 @@ TEST(FCArchiveHostileTest, ImpossibleLengthsAndCountsFailBeforeReadingOn) {
             object->Release();
         EXPECT_EQ(liveObjects(), before);
     }
+}
+
+TEST(FCArchiveHostileTest, ImpossibleLengthsAllocateNothingLarge) {
+    constexpr std::size_t kLargest = 64 * 1024 * 1024; // far above any sound read here
+    const std::vector<ImpossibleCase> cases = impossibleCases();
+#ifdef FCTEST_ASAN
+    static const bool installed =
+        __sanitizer_install_malloc_and_free_hooks(noteAllocation, noteFree) != 0;
+    ASSERT_TRUE(installed);
+    for (const ImpossibleCase& c : cases) {
+        SCOPED_TRACE(c.label);
+        gLargestAllocation = 0;
+        bool ok = true;
+        EXPECT_EQ(loadObject(c.bytes, &ok), nullptr);
+        EXPECT_FALSE(ok);
+        EXPECT_LT(gLargestAllocation.load(), kLargest);
+    }
+#else
+    // In a child process, so the cap cannot disturb other tests; a refused allocation ends it
+    // with std::bad_alloc.
+    EXPECT_EXIT(
+        {
+            if (!capAddressSpace(kLargest))
+                std::_Exit(3);
+            for (const ImpossibleCase& c : cases) {
+                bool ok = true;
+                FCObject* object = loadObject(c.bytes, &ok);
+                if (object || ok)
+                    std::_Exit(2);
+            }
+            std::_Exit(0);
+        },
+        ::testing::ExitedWithCode(0), "");
+#endif
 }
 
 TEST(FCArchiveHostileTest, ClassNamesThatNameNothingCreatable) {

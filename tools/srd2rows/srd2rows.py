@@ -363,6 +363,10 @@ CLASS_WEAPONS = {
                     'Mace, heavy; Morningstar; Quarterstaff; Rapier; Sap; Shortbow; Shortbow, composite; '
                     'Sword, short',
 }
+SHORT_NAMES = {'Barbarian': 'Bbn', 'Bard': 'Brd', 'Cleric': 'Clr', 'Druid': 'Drd', 'Fighter': 'Ftr',
+               'Monk': 'Mnk', 'Paladin': 'Pal', 'Ranger': 'Rgr', 'Rogue': 'Rog', 'Sorcerer': 'Sor',
+               'Wizard': 'Wiz', 'Adept': 'Adp', 'Aristocrat': 'Ari', 'Commoner': 'Com', 'Expert': 'Exp',
+               'Warrior': 'War'}
 PREPARES = {'Cleric', 'Druid', 'Paladin', 'Ranger', 'Wizard', 'Adept', 'Blackguard'}
 KNOWS = {'Bard', 'Sorcerer', 'Assassin'}
 CREATURE_TYPES = [  # name, die, attack, good saves (F, R, W), skill points
@@ -405,7 +409,7 @@ def classes(skill_names, feat_names):
     by_class = {}
     for row in levels:
         by_class.setdefault(row['name'], []).append(row)
-    header = ['Id', 'Guid', 'Name', 'ClassType', 'DieId', 'AgeCat', 'HIFORT', 'HIREF', 'HIWILL',
+    header = ['Id', 'Guid', 'Name', 'ShortName', 'ClassType', 'DieId', 'AgeCat', 'HIFORT', 'HIREF', 'HIWILL',
               'AttackBonusMultiplier', 'SkillPPL', 'BonusFP', 'LevelsForBonusFP', 'ClassSkills',
               'GNumDie', 'GDieId', 'GMultiply', 'CastType', 'SpMinLevel', 'SpLevelMultiplier',
               'LevelForAnimal', 'AnimalType', 'ProSimple', 'ProMartial', 'ProLArmor', 'ProMArmor',
@@ -466,7 +470,7 @@ def classes(skill_names, feat_names):
         class_skill_picks = 10 if name == 'Expert' else 0
         animal = {'Druid': (1, 3), 'Ranger': (4, 3), 'Paladin': (5, 1), 'Sorcerer': (1, 0),
                   'Wizard': (1, 0), 'Blackguard': (5, 2)}.get(name, (0, -1))
-        rows.append([int(c['id']), FIXED_CLASSES.get(name, ''), name, ctype, num(c['hit_die'], 4),
+        rows.append([int(c['id']), FIXED_CLASSES.get(name, ''), name, SHORT_NAMES.get(name, ''), ctype, num(c['hit_die'], 4),
                      AGE_CATEGORY.get(name, 0), *good, attack, num(c['skill_points']),
                      bonus_fp, levels_fp, class_skill_picks, gold[0], gold[1], gold[2], cast,
                      first_caster, multiplier, animal[0], animal[1], *prof,
@@ -531,11 +535,22 @@ def classes(skill_names, feat_names):
             ftype, data_guid = 1, '[info Feat]:' + feat_lower[label.lower()]
         elif cname == 'Monk' and label == 'Bonus feat':
             ftype = 2
+        elif label in ('Divine grace', 'Dark blessing'):
+            ftype = 7
+        data = 1 if label.startswith('Natural armor increase') else -1
+        if data == 1:
+            ftype = 14  # each step adds one more point
         features.append(['', full, full, group, ftype])
+        if data != -1:
+            for row in class_features:
+                if row[2] == full:
+                    row[3] = data
         if data_guid:
             for row in class_features:
                 if row[2] == full:
                     row[4] = data_guid
+    features.append(['', 'Druidic (Druid)', 'Druidic (Druid)', 0, 16])
+    class_features.append(['Druid', 1, 'Druidic (Druid)', -1, '[info Language]:Druidic'])
     for name, ftype in (('Crippling strike', 0), ('Defensive roll', 0), ('Improved evasion', 0),
                         ('Opportunist', 0), ('Skill mastery', 3), ('Slippery mind', 0),
                         ('Feat', 2)):
@@ -552,7 +567,7 @@ def classes(skill_names, feat_names):
     for name, die, attack, saves, points in CREATURE_TYPES:
         for guid, cname, ctype in ((FIXED_CLASSES.get(name, ''), name, 2),) + (
                 ((HUMANOID_PLAIN_PRICE, 'Humanoid (player race)', 5),) if name == 'Humanoid' else ()):
-            rows.append([1000 + len(rows), guid, cname, ctype, die, 0, *saves, attack, points, 0, 0, 0,
+            rows.append([1000 + len(rows), guid, cname, '', ctype, die, 0, *saves, attack, points, 0, 0, 0,
                          0, 4, 0, 0, 0, 0, 0, -1, 0, 0, 0, 0, 0, 0, -1, 0, 0,
                          points, 1, 3, 2, 1, 0, 2, 1, 3])
     return class_names
@@ -778,7 +793,8 @@ def equipment():
                                      'RangeId', 'SkillId', 'SizeId', 'DmgDieCount1', 'DmgDieId1',
                                      'DmgDieCount2', 'DmgDieId2', 'CriticalMin', 'CriticalX',
                                      'CriticalX2', 'RangeInc', 'DamageType', 'WeaponUse', 'StrBonus',
-                                     'FamilyId', 'SubdualDamage', 'MonkUnarmedWeapon', 'Count'],
+                                     'FamilyId', 'SubdualDamage', 'MonkUnarmedWeapon', 'Count',
+                                     '2HandedMultiplier'],
                     'Medium weapons. SizeId: Small for light, Medium for one-handed, Large for two-handed\n'
                     'and ranged weapons. DamageType bits: 1 bludgeoning, 2 piercing, 4 slashing.')
     armor = table('info Armor', ['Guid', 'Name', 'CoinCount', 'CoinType', 'Weight', 'Masterwork',
@@ -832,7 +848,7 @@ def equipment():
                             1 if name in ('Unarmed strike', 'Sap', 'Whip') else 0,
                             1 if name in ('Unarmed strike', 'Kama', 'Nunchaku', 'Sai', 'Siangham',
                                           'Shuriken (5)', 'Quarterstaff') else 0,
-                            int(count.group(1)) if count else 1])
+                            int(count.group(1)) if count else 1, int(use == 2)])
         elif e['family'] == 'Armor and Shields' and name not in NOT_ARMOR:
             sub = e['subcategory'].lower()
             bonus = num(e['armor_shield_bonus'])
@@ -926,8 +942,6 @@ def dice_times(text):
     """'2d8 x 10 gp' -> (2, 8, 10, 2); '1 gem' -> (1, 1, 1, None)."""
     m = re.match(r'\s*(\d+)(?:d(\d+))?\s*(?:x\s*([\d,]+))?\s*(cp|sp|gp|pp)?', text)
     count, die = int(m.group(1)), int(m.group(2) or 1)
-    if not m.group(2):
-        count, die = count, 1
     times = int((m.group(3) or '1').replace(',', ''))
     return count, die, times, COIN_TYPES.get(m.group(4))
 
@@ -1043,6 +1057,74 @@ def designated_foes():
                          FOE_ALIGNMENTS.get(sub.strip().lower(), 0)])
 
 
+# Specific magic armor, shields and weapons: the item they are made from and their enhancement
+# bonus. Their rows copy the base item's numbers; special materials are not modelled.
+SPECIFIC_ITEMS = {
+    'Mithral shirt': ('Chain shirt', 0), 'Dragonhide plate': ('Full plate', 0),
+    'Elven chain': ('Chainmail', 0), 'Rhino hide': ('Hide', 2),
+    'Adamantine breastplate': ('Breastplate', 0), 'Dwarven plate': ('Full plate', 0),
+    'Banded mail of luck': ('Banded mail', 3), 'Celestial armor': ('Chainmail', 3),
+    'Plate armor of the deep': ('Full plate', 1), 'Breastplate of command': ('Breastplate', 2),
+    'Mithral full plate of speed': ('Full plate', 1), 'Demon armor': ('Full plate', 4),
+    'Darkwood buckler': ('Buckler', 0), 'Darkwood shield': ('Shield, heavy wooden', 0),
+    'Mithral heavy shield': ('Shield, heavy steel', 0), "Caster's shield": ('Shield, light wooden', 1),
+    'Spined shield': ('Shield, heavy steel', 1), "Lion's shield": ('Shield, heavy steel', 2),
+    'Winged shield': ('Shield, heavy wooden', 3), 'Absorbing shield': ('Shield, heavy steel', 1),
+    'Sleep arrow': ('Arrows (20)', 1), 'Screaming bolt': ('Bolts, crossbow (10)', 2),
+    'Silver dagger, masterwork': ('Dagger', 0), 'Cold iron longsword, masterwork': ('Longsword', 0),
+    'Javelin of lightning': ('Javelin', 0), 'Slaying arrow': ('Arrows (20)', 0),
+    'Adamantine dagger': ('Dagger', 0), 'Adamantine battleaxe': ('Battleaxe', 0),
+    'Slaying arrow (greater)': ('Arrows (20)', 0), 'Shatterspike': ('Longsword', 1),
+    'Dagger of venom': ('Dagger', 1), 'Trident of warning': ('Trident', 2),
+    "Assassin's dagger": ('Dagger', 2), "Shifter's sorrow": ('Sword, two-bladed', 1),
+    'Trident of fish command': ('Trident', 1), 'Flame tongue': ('Longsword', 1),
+    'Luck blade (0 wishes)': ('Sword, short', 2), 'Sword of subtlety': ('Sword, short', 1),
+    'Sword of the planes': ('Longsword', 1), 'Nine lives stealer': ('Longsword', 2),
+    'Sword of life stealing': ('Longsword', 2), 'Oathbow': ('Longbow, composite', 2),
+    'Mace of terror': ('Mace, heavy', 2), 'Life-drinker': ('Greataxe', 1),
+    'Sylvan scimitar': ('Scimitar', 3), 'Rapier of puncturing': ('Rapier', 2),
+    'Sun blade': ('Sword, bastard', 2), 'Frost brand': ('Greatsword', 3),
+    'Dwarven thrower': ('Warhammer', 2), 'Luck blade (1 wish)': ('Sword, short', 2),
+    'Mace of smiting': ('Mace, heavy', 3), 'Luck blade (2 wishes)': ('Sword, short', 2),
+    'Holy avenger': ('Longsword', 2), 'Luck blade (3 wishes)': ('Sword, short', 2),
+}
+# The slaying arrows are made against a foe chosen when the arrow is.
+FOE_WEAPONS = {'Slaying arrow': '{CCE80EED-CB40-425D-B476-569ACEE161A8}',
+               'Slaying arrow (greater)': '{CCF148B2-0866-48D5-ABE4-FC75D0B66AC6}'}
+
+
+def specific_items():
+    for info, roll, source in (('info Armor', 'Table 8-8 Specific Armors', '07_specific_armors.csv'),
+                               ('info Shield', 'Table 8-9 Specific Shields', '08_specific_shields.csv'),
+                               ('info Weapons', 'Table 8-17 Specific Weapons', '17_specific_weapons.csv')):
+        target = ROWS[info]
+        header = target['header']
+        for column in ('IsMagic', 'MagicBonus', 'CanBeMagic'):
+            if column not in header:
+                header.append(column)
+                for row in target['rows']:
+                    row.append(0 if column != 'CanBeMagic' else 1)
+        rolls = table(roll, ['MinorMin', 'MinorMax', 'MedMin', 'MedMax', 'MajorMin', 'MajorMax', 'ItemId'],
+                      f'ItemId: a magic row of [{info}] priced in full.')
+        for r in read_rows(os.path.join(TABLES, MAGIC + source))[1:]:
+            name = r[3].strip() if len(r) > 4 else ''
+            if name not in SPECIFIC_ITEMS or not any(bounds(c)[0] for c in r[:3]):
+                continue
+            base_name, bonus = SPECIFIC_ITEMS[name]
+            base = next(row for row in target['rows'] if row[1] == base_name)
+            row = list(base)
+            row[0] = FOE_WEAPONS.get(name, '')
+            row[1] = name
+            row[2], row[3] = price(r[4]), 2
+            row[header.index('IsMagic')] = 1
+            row[header.index('MagicBonus')] = bonus
+            row[header.index('CanBeMagic')] = 0
+            if 'Count' in header:
+                row[header.index('Count')] = 1  # a magic arrow or bolt is priced alone
+            target['rows'].append(row)
+            rolls.append(class_bounds(r) + [name])
+
+
 def magic():
     gen = table('Table 8-2 Random Magic Items Generation',
                 ['MinorMin', 'MinorMax', 'MedMin', 'MedMax', 'MajorMin', 'MajorMax', 'MagicItemType'])
@@ -1149,7 +1231,6 @@ def magic():
         for r in read_rows(os.path.join(TABLES, MAGIC + source))[1:]:
             if not any(bounds(c)[0] for c in r[:3]):
                 continue
-            footnote = re.search(r'(\d)$', r[3].strip())
             ability = re.sub(r'\d$', '', r[3].strip())
             if ability.lower().startswith('roll'):
                 rows.append(class_bounds(r) + [0, 2])
@@ -1162,7 +1243,6 @@ def magic():
                 weapon_abilities.append(by_name[ability])
             by_name[ability][7] |= flag
             rows.append(class_bounds(r) + [by_name[ability][0], 0])
-            del footnote
 
 
 MAGIC_III = 'magic-items__magic-items-iii-potions-rings-and-rods__'
@@ -1406,6 +1486,7 @@ def main():
     treasure()
     magic()
     designated_foes()
+    specific_items()
     magic_items()
     intelligent_and_cursed()
     write_all()

@@ -1,0 +1,112 @@
+// CharacterSetup replaying a class history from nothing: the pass behind every new character
+// and every generated one.
+#include "DCharHistory.h"
+#include "DCharacter.h"
+#include "DCharacterClass.h"
+#include "DClassInfo.h"
+#include "DDatabase.h"
+#include "DHandBook.h"
+#include "DObjectManager.h"
+#include "DOptions.h"
+#include "DRace.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <cstdlib>
+
+namespace {
+
+QString dataDir() {
+    const char* fromEnvironment = std::getenv("HOARD_DATA");
+    return fromEnvironment ? fromEnvironment : HOARD_DATA_BUILD_DIR;
+}
+
+QUuid classGuid(const QString& name) {
+    for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
+        if (static_cast<const DClassInfo*>(info)->mName == name)
+            return guid;
+    }
+    return QUuid();
+}
+
+// The rules database and a human race in a scratch user folder, for the whole program.
+struct Workspace {
+    QTemporaryDir dir;
+    DFileObject* race = nullptr;
+    bool ok = false;
+
+    Workspace() {
+        DOptions::SetUserDataPath(FCString(dir.path()));
+        QDir().mkpath(dir.path() + "/Races");
+        if (!DDatabase::StartUp(FCString(dataDir() + "/rules.db")))
+            return;
+        DRace human;
+        human.SetClassGuid(classGuid("Humanoid"));
+        human.SetHitDieCount(1.0f);
+        ok = human.SaveToFile(FCString(dir.path() + "/Races/Human.rac"));
+        race = DObjectManager::CreateFileObject(kObjectRace, kFileUser, FCString("Human.rac"));
+    }
+    ~Workspace() {
+        race->Release();
+        DDatabase::ShutDown();
+    }
+};
+
+Workspace& workspace() {
+    static Workspace instance;
+    return instance;
+}
+
+// A fighter/rogue of `level` class levels, bound to its race, history laid down, not set up.
+void prepare(DCharacter& character, int level) {
+    DHandBook::SetupCharacterWithRace(&character, workspace().race);
+    const QUuid fighter = classGuid("Fighter");
+    const QUuid rogue = classGuid("Rogue");
+    for (int i = 0; i < level; ++i)
+        character.AddHistory(i % 3 == 2 ? rogue : fighter, 1.0f);
+}
+
+void BM_CharacterSetupReplay(benchmark::State& state) {
+    if (!workspace().ok) {
+        state.SkipWithError("no rules database or race");
+        return;
+    }
+    DCharacter character;
+    prepare(character, int(state.range(0)));
+    for (auto _ : state) {
+        // Back to a history that nothing has been applied from, as a loaded-from-nothing
+        // character is; the race stays bound.
+        character.GetClassList().RemoveAll();
+        for (DCharHistory* entry : character.GetHistoryArray())
+            entry->RemoveHistoryFlag(DCharHistory::kHistoryApplied);
+        DHandBook::CharacterSetup(&character, true);
+        benchmark::DoNotOptimize(character.GetCharacterLevel());
+    }
+    if (int(character.GetCharacterLevel()) != state.range(0))
+        state.SkipWithError("wrong character level");
+}
+BENCHMARK(BM_CharacterSetupReplay)->Arg(1)->Arg(10)->Arg(20)->Unit(benchmark::kMicrosecond);
+
+// One level-up pass on top of a character of `level` levels.
+void BM_LevelUpAndDown(benchmark::State& state) {
+    if (!workspace().ok) {
+        state.SkipWithError("no rules database or race");
+        return;
+    }
+    DCharacter character;
+    prepare(character, int(state.range(0)));
+    DHandBook::CharacterSetup(&character, true);
+    const QUuid fighter = classGuid("Fighter");
+    for (auto _ : state) {
+        DHandBook::AddCharacterLevel(&character, fighter, false);
+        DHandBook::RemoveCharacterLevel(&character, false);
+    }
+    if (int(character.GetCharacterLevel()) != state.range(0))
+        state.SkipWithError("wrong character level");
+}
+BENCHMARK(BM_LevelUpAndDown)->Arg(1)->Arg(10)->Arg(20)->Unit(benchmark::kMicrosecond);
+
+} // namespace

@@ -1,0 +1,342 @@
+#include "DHandBook.h"
+
+#include "DAdjChosenSpeed.h"
+#include "DCharFlags.h"
+#include "DCharHistory.h"
+#include "DCharStatType.h"
+#include "DCharacter.h"
+#include "DChosenFeat.h"
+#include "DChosenLanguage.h"
+#include "DDatabase.h"
+#include "DFileObject.h"
+#include "DOffenseGroup.h"
+#include "DRace.h"
+#include "DSpecialAttackSpellCaster.h"
+
+// Every stage of the setup passes is one named step below, in the order the passes call them.
+// A stage whose computation belongs to another area of the engine is empty until that area
+// lands; its comment names the operation that will run there.
+namespace {
+
+void AssignAbilityStats(DCharacter*) {
+    // Ability scores from the race (AssignAbilityStats) come with the ability score work.
+}
+
+void ApplyRaceAbilityAdjustments(DCharacter*) {
+    // The race's ability adjustments (SetCharacterAbilityStatBonus) come with the ability score
+    // work.
+}
+
+void ComputeAndSetExperiencePoints(DCharacter*) {
+    // Experience for the level (ComputeAndSetExperiencePoints) comes with the age and
+    // experience work.
+}
+
+void AdvanceCharacter(DCharacter*) {
+    // Size effects of stored extra hit dice (AdvanceCharacter) come with monster advancement.
+}
+
+void UpdateWithUntrainedSkills(DCharacter*) {
+    // Skills usable untrained (UpdateWithUntrainedSkills) come with the skill work.
+}
+
+void ComputeAndSetInitialAge(DCharacter*) {
+    // The starting age (ComputeAndSetInitialAge) comes with the age and experience work.
+}
+
+void ComputeAndSetInitialHeightAndWeight(DCharacter*) {
+    // Height and weight (ComputeAndSetInitialHeightAndWeight) come with the age and experience
+    // work.
+}
+
+void ComputeAndSetHitPoints(DCharacter*, bool /*resetUser*/) {
+    // Hit dice per history entry and the total (ComputeAndSetHitPoints) come with the hit point
+    // work.
+}
+
+void ComputeAndSetAllSavingThrows(DCharacter*) {
+    // Save totals (ComputeAndSetAllSavingThrows) come with the saves work.
+}
+
+void ComputeAndSetBaseAttack(DCharacter*) {
+    // kStatBaseAttack takes ComputeBaseAttack, which comes with the base attack work.
+}
+
+void ComputeAndSetStartingGold(DCharacter*, bool /*resetCash*/) {
+    // Starting gold (ComputeAndSetStartingGold) comes with the starting gold work.
+}
+
+void ComputeAndSetSpellData(DCharacter*) {
+    // Caster flags, caster level, spells per day and known (ComputeAndSetSpellData) come with
+    // the spell work.
+}
+
+void ComputeAndSetProficiencies(DCharacter*) {
+    // Weapon and armor proficiencies (ComputeAndSetProficiencies) come with the proficiency
+    // work.
+}
+
+void ComputeAndSetLanguagePoints(DCharacter*) {
+    // Language points (ComputeAndSetLanguagePoints) come with the language work.
+}
+
+void ComputeAndSetSkillPoints(DCharacter*) {
+    // Skill points per class (ComputeAndSetSkillPoints) come with the skill work.
+}
+
+void ComputeAndSetFeatPoints(DCharacter*, bool /*isNew*/) {
+    // Feat points (ComputeAndSetFeatPoints) come with the feat work.
+}
+
+void ComputeAndSetInitiative(DCharacter*) {
+    // Initiative (ComputeAndSetInitiative) comes with the initiative work.
+}
+
+void ComputeAndSetCharacterEncumberance(DCharacter*) {
+    // Load, speed and armor statistics (ComputeAndSetCharacterEncumberance) come with the
+    // equipment work.
+}
+
+void ComputeAndSetEarnedAbilityPoints(DCharacter*) {
+    // Earned ability increases (ComputeAndSetEarnedAbilityPoints) come with the ability score
+    // work.
+}
+
+void AddAutoFeatures(DCharacter*, bool /*isNew*/) {
+    // Class features of the new levels (AddAutoFeatures) come with the class feature work.
+}
+
+void ComputeAndSetSkillSkillMods(DCharacter*) {
+    // Skill synergies (ComputeAndSetSkillSkillMods) come with the skill work.
+}
+
+void SetupUnarmedAttack(DCharacter*) {
+    // The unarmed attack (SetupUnarmedAttack) comes with the offense work.
+}
+
+void UpdateAnimals(DCharacter*) {
+    // Companions that follow their master's level (UpdateAnimals) come with the companion work.
+}
+
+// Binds the race of `raceFile`; false (and the character untouched) if it cannot be read.
+bool BindRace(DCharacter* character, DFileObject* raceFile) {
+    if (!character || !raceFile)
+        return false;
+    DRace* race = DRace::CreateFromFile(raceFile->GetAccessFilePath(), false);
+    if (!race)
+        return false;
+    character->SetRace(race);
+    // The entry may be a catalogue's or the character's own: the character keeps a copy.
+    character->SetRaceFileObject(static_cast<DFileObject*>(raceFile->Clone()));
+    DCharHistory* raceEntry = character->GetHistoryAtPosition(0);
+    if (!raceEntry)
+        raceEntry = character->AddHistory(race->GetClassGuid(), 1.0f);
+    raceEntry->SetClassGuid(race->GetClassGuid());
+    raceEntry->SetLevel(race->GetHitDieCount());
+    raceEntry->RemoveHistoryFlag(DCharHistory::kHistoryApplied);
+    raceEntry->AddHistoryFlag(DCharHistory::kHistoryRaceClass);
+    if (character->IsMonsterClassOnly())
+        character->SetAlignmentId(race->GetAlignmentId());
+    race->Release();
+    return true;
+}
+
+} // namespace
+
+void DHandBook::SetupCharacterWithRace(DCharacter* character, DFileObject* raceFile) {
+    BindRace(character, raceFile);
+}
+
+void DHandBook::SetupWithRace(DCharacter* character) {
+    DRace* race = character->GetRace();
+    if (!race)
+        return;
+    character->SetCharacterStat(kStatNaturalArmor, race->GetNaturalAC());
+    character->SetSizeInfo(DDatabase::GetSizeInfo(race->GetSizeId()));
+    UpdateWithRace(character);
+
+    // The race's groups come first; what the character had follows as copies.
+    FCPointerArray<DOffenseGroup>& groups = character->GetOffenseGroupArray();
+    FCPointerArray<DOffenseGroup> kept;
+    kept.SetOwnership(kFCRetained);
+    for (DOffenseGroup* group : groups)
+        kept.Add(group);
+    groups.CloneFrom(race->GetOffenseGroupArray());
+    for (const DOffenseGroup* group : kept) {
+        DOffenseGroup* copy = group->Clone();
+        groups.Add(copy);
+        copy->Release();
+    }
+}
+
+void DHandBook::UpdateWithRace(DCharacter* character) {
+    DRace* race = character ? character->GetRace() : nullptr;
+    if (!race)
+        return;
+    UpdateWithRaceLanguages(character);
+    UpdateWithRaceSkills(character);
+    UpdateWithRaceFeats(character);
+    UpdateWithRaceAttacks(character);
+    UpdateWithRaceSpeed(character);
+    UpdateWithRaceSpellCasters(character);
+
+    // Only added: an info bit a race once gave stays when the race drops it.
+    const unsigned raceBits = race->GetRaceFlags() << kInfoFlagRaceShift;
+    character->AddInfoFlag(raceBits & kInfoFlagRaceMask);
+
+    if (!character->HasCharacterFlag(kCharFlagOwnPortrait))
+        character->SetPortraitName(race->GetPortraitName());
+    if (!character->HasCharacterFlag(kCharFlagOwnSound))
+        character->SetSoundName(race->GetSoundName());
+}
+
+void DHandBook::UpdateWithRaceLanguages(DCharacter* character) {
+    for (const auto& [guid, language] : character->GetRace()->GetLanguageMap()) {
+        if (character->GetLanguagePointer(guid))
+            continue;
+        auto* copy = static_cast<DChosenLanguage*>(language->Clone());
+        character->AddLanguage(copy);
+        copy->Release();
+    }
+}
+
+void DHandBook::UpdateWithRaceSkills(DCharacter*) {
+    // The race's skills with a race modifier go in through AddSkill, which comes with the skill
+    // work.
+}
+
+void DHandBook::UpdateWithRaceFeats(DCharacter* character) {
+    for (const auto& feat : character->GetRace()->GetFeatSet()) {
+        if (character->HasFeat(feat->GetFeatGuid(), feat->GetTargetGuid(),
+                               feat->GetTargetSubGuid()))
+            continue;
+        auto* copy = static_cast<DChosenFeat*>(feat->Clone());
+        copy->AddFeatFlag(kFixedByLevelOrRace);
+        character->AddFeat(copy);
+        copy->Release();
+        // The feat's bonuses to saves, initiative and the like (HandleFeatBonuses) come with
+        // the feat work.
+    }
+}
+
+void DHandBook::UpdateWithRaceAttacks(DCharacter* character) {
+    for (const auto& [id, attack] : character->GetRace()->GetAttackMap()) {
+        if (character->GetAttack(id))
+            continue;
+        DAttackInfo* copy = attack->Clone();
+        character->AddAttack(copy, id);
+        copy->Release();
+    }
+}
+
+void DHandBook::UpdateWithRaceSpeed(DCharacter* character) {
+    for (const DChosenSpeed* speed : character->GetRace()->GetSpeedArray()) {
+        if (DChosenSpeed* own = character->GetSpeedPointer(speed->GetSpeedId())) {
+            own->SetSpeedValue(speed->GetSpeedValue());
+            own->SetSpeedModId(speed->GetSpeedModId());
+            continue;
+        }
+        auto* adjusted = new DAdjChosenSpeed(*speed);
+        character->AddSpeed(adjusted);
+        adjusted->Release();
+    }
+}
+
+void DHandBook::UpdateWithRaceSpellCasters(DCharacter* character) {
+    for (const DSpecialAttack* attack : character->GetRace()->GetSpecialAttackArray()) {
+        const auto* casting = dynamic_cast<const DSpecialAttackSpellCaster*>(attack);
+        if (!casting)
+            continue;
+        DSpellCaster* caster = character->GetRaceSpellCaster(casting->GetCasterClassGuid());
+        if (!caster) {
+            caster = new DSpellCaster();
+            caster->SetClassGuid(casting->GetCasterClassGuid());
+            character->AddRaceSpellCaster(caster);
+            caster->Release();
+        }
+        caster->SetLevel(float(casting->GetCasterLevel()));
+        // The caster's low three flag bits (GetCasterFlags, GetSpellCasterLevel) come with the
+        // spell work.
+    }
+}
+
+void DHandBook::CharacterSetup(DCharacter* character, bool isNew) {
+    if (!character)
+        return;
+    character->RemoveCharacterFlag(kCharFlagSetupMask);
+    if (!isNew)
+        PrepareForLevelUp(character);
+    HandleHistoryToClasses(character, false);
+    ComputeAndSetCharacterLevel(character, isNew);
+    if (isNew) {
+        character->InitialSetup();
+        AssignAbilityStats(character);
+        ComputeAndSetExperiencePoints(character);
+        SetupWithRace(character);
+        AdvanceCharacter(character);
+        UpdateWithUntrainedSkills(character);
+        ComputeAndSetInitialAge(character);
+        ComputeAndSetInitialHeightAndWeight(character);
+    }
+    RecomputeAfterLevels(character, isNew);
+}
+
+void DHandBook::RecomputeAfterLevels(DCharacter* character, bool isNew) {
+    // A new character's later hit dice are averaged; those of a level-up are rolled.
+    if (isNew)
+        character->AddCharacterFlag(kCharFlagAverageHitDice);
+    ComputeAndSetHitPoints(character, isNew);
+    if (isNew)
+        character->RemoveCharacterFlag(kCharFlagAverageHitDice);
+    ComputeAndSetAllSavingThrows(character);
+    ComputeAndSetBaseAttack(character);
+    ComputeAndSetStartingGold(character, isNew);
+    ComputeAndSetSpellData(character);
+    ComputeAndSetProficiencies(character);
+    if (isNew)
+        ComputeAndSetLanguagePoints(character);
+    ComputeAndSetSkillPoints(character);
+    ComputeAndSetFeatPoints(character, isNew);
+    ComputeAndSetInitiative(character);
+    ComputeAndSetCharacterEncumberance(character);
+    ComputeAndSetEarnedAbilityPoints(character);
+    AddAutoFeatures(character, isNew);
+    ComputeAndSetSkillSkillMods(character);
+    SetupUnarmedAttack(character);
+    if (!isNew)
+        UpdateAnimals(character);
+    character->AddCharacterFlag(kCharFlagSetupEndMask);
+}
+
+void DHandBook::ChangeCharacterRace(DCharacter* character, DFileObject* raceFile) {
+    if (!BindRace(character, raceFile))
+        return;
+    ApplyRaceAbilityAdjustments(character);
+    character->RemoveCharacterFlag(kCharFlagSetupMask);
+    HandleHistoryToClasses(character, true);
+    character->SetPreviousCharacterLevel(0.0f);
+    // Rolled, not averaged: flag 0x1 stays clear here.
+    ComputeAndSetHitPoints(character, true);
+    ComputeAndSetSkillPoints(character);
+    ComputeAndSetCharacterLevel(character, true);
+    character->InitialSetup();
+    ComputeAndSetExperiencePoints(character);
+    SetupWithRace(character);
+    AdvanceCharacter(character);
+    UpdateWithUntrainedSkills(character);
+    ComputeAndSetInitialAge(character);
+    ComputeAndSetInitialHeightAndWeight(character);
+    ComputeAndSetAllSavingThrows(character);
+    ComputeAndSetBaseAttack(character);
+    ComputeAndSetStartingGold(character, true);
+    ComputeAndSetSpellData(character);
+    ComputeAndSetProficiencies(character);
+    ComputeAndSetLanguagePoints(character);
+    ComputeAndSetFeatPoints(character, true);
+    ComputeAndSetInitiative(character);
+    ComputeAndSetCharacterEncumberance(character);
+    ComputeAndSetEarnedAbilityPoints(character);
+    ComputeAndSetSkillSkillMods(character);
+    SetupUnarmedAttack(character);
+    character->AddCharacterFlag(kCharFlagSetupEndMask);
+}

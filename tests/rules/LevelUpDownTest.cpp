@@ -1,0 +1,125 @@
+// Adding a level and taking it back: a level-down undoes the level-up to the byte, and never
+// takes the race's entry or the first class level.
+#include "RulesTestSupport.h"
+
+#include "DCharHistory.h"
+
+namespace {
+
+using rulestest::Ref;
+
+class LevelUpDownTest : public rulestest::RulesFixture {};
+
+TEST_F(LevelUpDownTest, ALevelUpThenALevelDownRestoresTheSavedRecord) {
+    struct Case {
+        const char* what;
+        const char* typeClass;
+        float hitDice;
+        QStringList built; // levelled one class level at a time
+        const char* added;
+        const char* classesUp;
+        float levelUp;
+    };
+    const Case cases[] = {
+        {"human fighter 1, one more", "Humanoid", 1.0f, {"Fighter"}, "Fighter", "Fighter 2", 2.0f},
+        {"human fighter 1 takes rogue",
+         "Humanoid",
+         1.0f,
+         {"Fighter"},
+         "Rogue",
+         "Fighter 1, Rogue 1",
+         2.0f},
+        {"fighter 2 / rogue 3, one more rogue",
+         "Humanoid",
+         1.0f,
+         {"Fighter", "Fighter", "Rogue", "Rogue", "Rogue"},
+         "Rogue",
+         "Fighter 2, Rogue 4",
+         6.0f},
+        {"fighter 2 / rogue 3 takes wizard",
+         "Humanoid",
+         1.0f,
+         {"Fighter", "Fighter", "Rogue", "Rogue", "Rogue"},
+         "Wizard",
+         "Fighter 2, Rogue 3, Wizard 1",
+         6.0f},
+        // Four Giant dice and one fighter level make level 5; the level-up makes 6.
+        {"ogre fighter 1", "Giant", 4.0f, {"Fighter"}, "Fighter", "Giant 4, Fighter 2", 6.0f},
+        {"ogre fighter 2",
+         "Giant",
+         4.0f,
+         {"Fighter", "Fighter"},
+         "Fighter",
+         "Giant 4, Fighter 3",
+         7.0f},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Ref<DFileObject> race = SaveRace(c.what, c.typeClass, c.hitDice);
+        Ref<DCharacter> character = LevelledCharacter(race.get(), c.built);
+        const QByteArray before = SavedBytes(*character, ScratchPath("before.chr"));
+        ASSERT_FALSE(before.isEmpty());
+
+        ASSERT_TRUE(DHandBook::AddCharacterLevel(character.get(), ClassGuid(c.added), false));
+        EXPECT_EQ(ClassLevels(*character).toStdString(), c.classesUp);
+        EXPECT_FLOAT_EQ(character->GetCharacterLevel(), c.levelUp);
+        EXPECT_FLOAT_EQ(character->GetPreviousCharacterLevel(), c.levelUp - 1.0f);
+        EXPECT_NE(SavedBytes(*character, ScratchPath("up.chr")), before);
+
+        ASSERT_TRUE(DHandBook::RemoveCharacterLevel(character.get(), false));
+        EXPECT_FLOAT_EQ(character->GetCharacterLevel(), c.levelUp - 1.0f);
+        EXPECT_EQ(SavedBytes(*character, ScratchPath("after.chr")), before);
+    }
+}
+
+TEST_F(LevelUpDownTest, TheFirstClassLevelAndTheRaceEntryStay) {
+    struct Case {
+        const char* what;
+        const char* typeClass;
+        float hitDice;
+        QStringList history;
+    };
+    const Case cases[] = {
+        {"human fighter 1", "Humanoid", 1.0f, {"Fighter"}},
+        {"ogre fighter 1", "Giant", 4.0f, {"Fighter"}},
+        {"ogre alone", "Giant", 4.0f, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Ref<DFileObject> race = SaveRace(c.what, c.typeClass, c.hitDice);
+        Ref<DCharacter> character = NewCharacter(race.get(), c.history);
+        const QByteArray before = SavedBytes(*character, ScratchPath("before.chr"));
+        character->ClearChangeFlags();
+        EXPECT_FALSE(DHandBook::RemoveCharacterLevel(character.get(), false));
+        EXPECT_EQ(SavedBytes(*character, ScratchPath("after.chr")), before);
+        EXPECT_EQ(character->GetChangeFlags(), 0u);
+    }
+    EXPECT_FALSE(DHandBook::RemoveCharacterLevel(nullptr, false));
+}
+
+TEST_F(LevelUpDownTest, ALevelUpNeedsAClassAndARace) {
+    Ref<DCharacter> raceless(new DCharacter());
+    EXPECT_FALSE(DHandBook::AddCharacterLevel(raceless.get(), ClassGuid("Fighter"), false));
+    EXPECT_EQ(raceless->GetHistoryCount(), 0);
+
+    Ref<DFileObject> race = SaveRace("Human", "Humanoid", 1.0f);
+    Ref<DCharacter> character = NewCharacter(race.get(), {"Fighter"});
+    EXPECT_FALSE(DHandBook::AddCharacterLevel(character.get(), QUuid(), false));
+    EXPECT_EQ(character->GetHistoryCount(), 2);
+}
+
+TEST_F(LevelUpDownTest, ALevelDownRestoresTheExStateOfTheClass) {
+    Ref<DFileObject> race = SaveRace("Human", "Humanoid", 1.0f);
+    Ref<DCharacter> character = LevelledCharacter(race.get(), {"Paladin", "Paladin"});
+    // The paladin falls at level 3, so the class is ex; taking that level back restores him.
+    const QUuid paladin = ClassGuid("Paladin");
+    character->AddHistory(paladin, 1.0f)->SetIsExClass(true);
+    character->AddChangeFlag(0x800000);
+    DHandBook::CharacterSetup(character.get(), false);
+    ASSERT_TRUE(character->GetClassPointer(paladin)->GetIsExClass());
+    ASSERT_TRUE(DHandBook::RemoveCharacterLevel(character.get(), false));
+    EXPECT_FALSE(character->GetClassPointer(paladin)->GetIsExClass());
+    EXPECT_FLOAT_EQ(character->GetClassPointer(paladin)->GetLevel(), 2.0f);
+}
+
+} // namespace

@@ -1,0 +1,181 @@
+// The race builder as the build runs it: good sources become readable race files, and every
+// fault stops it with the file and line named.
+#include "DChosenSpeed.h"
+#include "DRace.h"
+#include "DRaceAdvance.h"
+#include "TestSupport.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct ToolRun {
+    int exitCode = -1;
+    QString errorText;
+};
+
+// The builder lands next to the rules database tool.
+QString toolPath() {
+    return QFileInfo(QStringLiteral(HOARD_RULESDB_TOOL)).dir().filePath("hoard-coredata");
+}
+
+QString rulesDb() {
+    return hoardtest::builtDataDir() + "/rules.db";
+}
+
+ToolRun runTool(const QString& sourceDir, const QString& outputDir) {
+    QProcess process;
+    process.start(toolPath(), {"races", rulesDb(), sourceDir, outputDir});
+    ToolRun result;
+    if (!process.waitForFinished(60000))
+        return result;
+    result.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    result.errorText = QString::fromUtf8(process.readAllStandardError()).trimmed();
+    return result;
+}
+
+QUuid guidOf(const QString& table, const QString& name) {
+    QUuid guid;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "coredata-test");
+        db.setDatabaseName(rulesDb());
+        if (db.open()) {
+            QSqlQuery query(db);
+            query.prepare(QStringLiteral("SELECT Guid FROM %1 WHERE Name = ?").arg(table));
+            query.addBindValue(name);
+            if (query.exec() && query.next())
+                guid = QUuid::fromString(query.value(0).toString());
+        }
+    }
+    QSqlDatabase::removeDatabase("coredata-test");
+    return guid;
+}
+
+const char* const kGoodSource = "# a hill-giant-like test creature\n"
+                                "type: Giant\n"
+                                "size: Large\n"
+                                "hit_dice: 12\n"
+                                "advancement: 13-18 Large; 19-24 Huge\n"
+                                "abilities: Str 25, Dex 8, Con -, Int 6, Wis 10, Cha 7\n"
+                                "speed: land 40, fly 60 good\n"
+                                "languages: Common, Giant\n"
+                                "challenge_rating: 1/2\n"
+                                "alignment: Chaotic Evil\n";
+
+} // namespace
+
+TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
+    ASSERT_TRUE(QFileInfo(toolPath()).isExecutable()) << toolPath().toStdString();
+    QTemporaryDir sources, output;
+    ASSERT_TRUE(hoardtest::writeFile(sources.filePath("Test Giant.race"), kGoodSource));
+    ASSERT_TRUE(hoardtest::writeFile(sources.filePath("Dwarfish.race"),
+                                     "type: Humanoid (player race)\nsize: Medium\nhit_dice: 0\n"
+                                     "ability_adjustments: Con +2, Cha -2\nspeed: land 20\n"));
+    const ToolRun run = runTool(sources.path(), output.path());
+    ASSERT_EQ(run.exitCode, 0) << run.errorText.toStdString();
+
+    DRace* giant = DRace::CreateFromFile(output.filePath("Test Giant.rac"), false);
+    ASSERT_NE(giant, nullptr);
+    EXPECT_EQ(giant->GetRaceName(), "Test Giant");
+    EXPECT_EQ(giant->GetClassGuid(), guidOf("[info Class]", "Giant"));
+    EXPECT_EQ(giant->GetSizeId(), 5); // Large: Fine is 0, Medium 4
+    EXPECT_FLOAT_EQ(giant->GetHitDieCount(), 12.0f);
+    ASSERT_EQ(giant->GetAdvanceArray().GetCount(), 2);
+    const DRaceAdvance* second = giant->GetAdvanceArray().At(1);
+    EXPECT_EQ(second->GetMinHitDie(), 19);
+    EXPECT_EQ(second->GetMaxHitDie(), 24);
+    EXPECT_EQ(second->GetSizeId(), 6); // Huge
+    EXPECT_FLOAT_EQ(giant->GetMaxHitDieCount(), 24.0f);
+    // Str 25 stands for +14 against a 10 (odd values round down to even); Con is a nonability.
+    EXPECT_EQ(giant->GetAbility(0), 25);
+    EXPECT_EQ(giant->GetAbilityMod(0), 14);
+    EXPECT_TRUE(giant->GetNoAbility(2));
+    EXPECT_FALSE(giant->GetNoAbility(1));
+    EXPECT_FLOAT_EQ(giant->GetChallengeRating(), 0.5f);
+    EXPECT_EQ(giant->GetAlignmentId(), 36); // chaotic 4 | evil 32
+    ASSERT_EQ(giant->GetSpeedArray().GetCount(), 2);
+    EXPECT_EQ(giant->GetSpeedArray().At(0)->GetSpeedValue(), 40);
+    const DChosenSpeed* fly = giant->GetSpeedArray().At(1);
+    EXPECT_EQ(fly->GetSpeedValue(), 60);
+    EXPECT_EQ(fly->GetSpeedModId(), 4); // good maneuverability
+    EXPECT_EQ(giant->GetLanguageMap().GetCount(), 2);
+    EXPECT_NE(giant->GetLanguagePointer(QUuid("{E3628EF2-A099-49F1-BB56-B996F64B04E9}")), nullptr);
+    giant->Release();
+
+    DRace* dwarfish = DRace::CreateFromFile(output.filePath("Dwarfish.rac"), false);
+    ASSERT_NE(dwarfish, nullptr);
+    const int expected[] = {10, 10, 12, 10, 10, 8};
+    for (int ability = 0; ability < 6; ++ability)
+        EXPECT_EQ(dwarfish->GetAbility(ability), expected[ability]) << ability;
+    EXPECT_EQ(dwarfish->GetAbilityMod(2), 2);
+    EXPECT_EQ(dwarfish->GetAbilityMod(5), -2);
+    dwarfish->Release();
+}
+
+TEST(CoreDataTool, FaultsNameFileAndLine) {
+    const QString base = "type: Giant\nsize: Large\nhit_dice: 12\n"
+                         "abilities: Str 25, Dex 8, Con 19, Int 6, Wis 10, Cha 7\n";
+    const struct {
+        const char* what;
+        QString text;
+        int line;
+        const char* message;
+    } cases[] = {
+        {"missing required field", base, 4, "required field 'speed' is missing"},
+        {"missing size",
+         "type: Giant\nhit_dice: 1\nspeed: land 30\nabilities: Str 1, Dex 1, "
+         "Con 1, Int 1, Wis 1, Cha 1\n",
+         4, "required field 'size' is missing"},
+        {"unknown size name", "type: Giant\nsize: Enormous\n", 2, "'Enormous' names no row"},
+        {"unknown type name", "type: Dragonkin\n", 1, "'Dragonkin' names no row"},
+        {"unknown language", base + "speed: land 30\nlanguages: Common, Klingon\n", 6,
+         "'Klingon' names no row"},
+        {"unknown special quality", base + "speed: land 30\nspecial_qualities: Darkvision, X-ray\n",
+         6, "'X-ray' names no row"},
+        {"malformed line", "type: Giant\nsize: Large\nhit dice 12\n", 3, "expected 'key: value'"},
+        {"unknown key", "type: Giant\n\n# note\ncolour: red\n", 4, "unknown key 'colour'"},
+        {"word for a number", "type: Giant\nhit_dice: twelve\n", 2, "'twelve' is not a number"},
+        {"backwards advancement", "advancement: 18-13 Large\n", 1, "runs backwards"},
+        {"malformed speed", base + "speed: 30 land\n", 5, "'30' names no row"},
+        {"key given twice", "size: Large\nsize: Huge\n", 2, "'size' given twice"},
+        {"five abilities", "abilities: Str 25, Dex 8, Con 19, Int 6, Wis 10\n", 1, "needs all six"},
+    };
+    for (const auto& c : cases) {
+        QTemporaryDir sources, output;
+        const QString file = sources.filePath("Bad.race");
+        ASSERT_TRUE(hoardtest::writeFile(file, c.text.toUtf8()));
+        const ToolRun run = runTool(sources.path(), output.path());
+        EXPECT_EQ(run.exitCode, 1) << c.what;
+        EXPECT_TRUE(run.errorText.startsWith(QStringLiteral("%1:%2: ").arg(file).arg(c.line)))
+            << c.what << ": " << run.errorText.toStdString();
+        EXPECT_TRUE(run.errorText.contains(QLatin1String(c.message)))
+            << c.what << ": " << run.errorText.toStdString();
+        EXPECT_FALSE(QFileInfo::exists(output.filePath("Bad.rac"))) << c.what;
+    }
+}
+
+TEST(CoreDataTool, AFaultLeavesTheLastGoodOutputAndARemovedSourceTakesItsFile) {
+    QTemporaryDir sources, output;
+    ASSERT_TRUE(hoardtest::writeFile(sources.filePath("Good.race"), kGoodSource));
+    ASSERT_TRUE(hoardtest::writeFile(sources.filePath("Other.race"), kGoodSource));
+    ASSERT_EQ(runTool(sources.path(), output.path()).exitCode, 0);
+    const QByteArray before = hoardtest::readFile(output.filePath("Good.rac"));
+    ASSERT_FALSE(before.isEmpty());
+
+    ASSERT_TRUE(hoardtest::writeFile(sources.filePath("Worse.race"), "size: Vast\n"));
+    EXPECT_EQ(runTool(sources.path(), output.path()).exitCode, 1);
+    EXPECT_EQ(hoardtest::readFile(output.filePath("Good.rac")), before);
+
+    ASSERT_TRUE(QFile::remove(sources.filePath("Worse.race")));
+    ASSERT_TRUE(QFile::remove(sources.filePath("Other.race")));
+    ASSERT_EQ(runTool(sources.path(), output.path()).exitCode, 0);
+    EXPECT_TRUE(QFileInfo::exists(output.filePath("Good.rac")));
+    EXPECT_FALSE(QFileInfo::exists(output.filePath("Other.rac")));
+}

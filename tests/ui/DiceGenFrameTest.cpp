@@ -1,0 +1,332 @@
+#include "DiceGenFrame.h"
+
+#include "Connection.h"
+#include "DDatabase.h"
+#include "DFailureReporter.h"
+#include "DriverManager.h"
+#include "FCRandom.h"
+#include "TestSupport.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QImage>
+#include <QPixmap>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <set>
+#include <vector>
+
+namespace {
+
+// What the roll list shows: each top-level item with its children in list order.
+struct RollItem {
+    QString label;
+    QStringList results;
+    std::vector<int> orders;
+    bool expanded = false;
+};
+
+std::vector<RollItem> rollList(const DiceGenFrame& frame) {
+    std::vector<RollItem> items;
+    const auto* list = frame.findChild<QTreeWidget*>(QStringLiteral("mRollList"));
+    if (!list)
+        return items;
+    for (int i = 0; i < list->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem* top = list->topLevelItem(i);
+        RollItem item{top->text(0), {}, {}, top->isExpanded()};
+        for (int c = 0; c < top->childCount(); ++c) {
+            item.results << top->child(c)->text(0);
+            item.orders.push_back(top->child(c)->data(0, DiceGenFrame::kOrderRole).toInt());
+        }
+        items.push_back(item);
+    }
+    return items;
+}
+
+template <typename T> T* part(const DiceGenFrame& frame, const QString& name) {
+    T* widget = frame.findChild<T*>(name);
+    EXPECT_NE(widget, nullptr) << name.toStdString();
+    return widget;
+}
+
+class DiceGenFrameTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_NE(qobject_cast<QApplication*>(QCoreApplication::instance()), nullptr)
+            << "widget tests need a QApplication (HOARD_TEST_WIDGETS)";
+        DFailureReporter::SetQuiet(true);
+        DFailureReporter::ResetReports();
+        FC::SeedRandom(31337);
+        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
+        ASSERT_EQ(DFailureReporter::GetReportCount(), 0)
+            << DFailureReporter::GetLastText().toStdString();
+    }
+    void TearDown() override {
+        DDatabase::ShutDown();
+        DFailureReporter::SetQuiet(false);
+    }
+};
+
+} // namespace
+
+TEST(DiceGenFrameText, QuickCaptionsAndRollLabels) {
+    const struct {
+        int id, count, die, modifier;
+        const char* caption;
+        const char* label;
+    } cases[] = {
+        {3, 2, 6, 1, "&3. Quick 2d6+1", "2d6+1"},
+        {1, 1, 20, 0, "&1. Quick d20", "1d20"},
+        {5, 1, 8, -2, "&5. Quick d8-2", "1d8-2"},
+        {8, 3, 6, 0, "&8. Quick 3d6", "3d6"},
+        {9, 10, 100, 25, "&9. Quick 10d100+25", "10d100+25"},
+        // Nothing loaded: the count of 0 is not shown on the button, but is in the list.
+        {2, 0, 0, 0, "&2. Quick d0", "0d0"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(DiceGenFrame::BuildQuickCaption(c.id, c.count, c.die, c.modifier),
+                  QString::fromLatin1(c.caption));
+        EXPECT_EQ(DiceGenFrame::BuildRollLabel(c.count, c.die, c.modifier),
+                  QString::fromLatin1(c.label));
+    }
+}
+
+TEST_F(DiceGenFrameTest, FillsDiceAndQuickButtonsFromTheRules) {
+    const DiceGenFrame frame;
+    // "[types Dice]" from id 2 on: the fixed single point (id 1) is no die to roll.
+    const auto* die = part<QComboBox>(frame, "mDie");
+    ASSERT_NE(die, nullptr);
+    const std::vector<std::pair<int, QString>> dice = {{2, "d2"},   {3, "d3"},   {4, "d4"},
+                                                       {6, "d6"},   {8, "d8"},   {10, "d10"},
+                                                       {12, "d12"}, {20, "d20"}, {100, "d100"}};
+    ASSERT_EQ(die->count(), int(dice.size()));
+    for (int i = 0; i < die->count(); ++i) {
+        EXPECT_EQ(die->itemData(i).toInt(), dice[size_t(i)].first) << i;
+        EXPECT_EQ(die->itemText(i), dice[size_t(i)].second) << i;
+    }
+    // The rows of "[info Die Quick Buttons]".
+    const char* captions[] = {"&1. Quick d20", "&2. Quick d100", "&3. Quick d4",
+                              "&4. Quick d6",  "&5. Quick d8",   "&6. Quick d10",
+                              "&7. Quick d12", "&8. Quick 3d6",  "&9. Quick 4d6"};
+    for (int id = 1; id <= 9; ++id) {
+        const auto* button = part<QPushButton>(frame, QStringLiteral("mQuick%1").arg(id));
+        ASSERT_NE(button, nullptr);
+        EXPECT_EQ(button->text(), QString::fromLatin1(captions[id - 1])) << id;
+    }
+}
+
+TEST_F(DiceGenFrameTest, DieChoiceSetsTheModifierFloor) {
+    const DiceGenFrame frame;
+    auto* die = part<QComboBox>(frame, "mDie");
+    const auto* modifier = part<QSpinBox>(frame, "mModifier");
+    ASSERT_TRUE(die && modifier);
+    const int ceiling = modifier->maximum();
+    // The first die of the list is chosen from the start.
+    EXPECT_EQ(modifier->minimum(), 1 - 2);
+    const struct {
+        int die;
+        int floor;
+    } cases[] = {{20, -19}, {4, -3}, {100, -99}, {6, -5}, {2, -1}};
+    for (const auto& c : cases) {
+        die->setCurrentIndex(die->findData(c.die));
+        EXPECT_EQ(modifier->minimum(), c.floor) << c.die;
+        EXPECT_EQ(modifier->maximum(), ceiling) << c.die;
+    }
+}
+
+TEST_F(DiceGenFrameTest, AppendGathersRollsOfOneExpressionInOrder) {
+    DiceGenFrame frame;
+    auto* append = part<QCheckBox>(frame, "mAppend");
+    ASSERT_NE(append, nullptr);
+    struct Step {
+        bool append;
+        int count, die, modifier, sets;
+        // Top-level labels with their child counts, after the step.
+        std::vector<std::pair<QString, int>> expected;
+    };
+    const Step steps[] = {
+        {false, 2, 6, 0, 3, {{"2d6", 3}}},
+        // Without Append each roll replaces the list.
+        {false, 1, 20, 0, 2, {{"1d20", 2}}},
+        {true, 2, 6, 0, 3, {{"1d20", 2}, {"2d6", 3}}},
+        // The same expression again goes on under its item.
+        {true, 2, 6, 0, 2, {{"1d20", 2}, {"2d6", 5}}},
+        // A different modifier is a different expression.
+        {true, 2, 6, 1, 1, {{"1d20", 2}, {"2d6", 5}, {"2d6+1", 1}}},
+        {true, 1, 20, 0, 1, {{"1d20", 3}, {"2d6", 5}, {"2d6+1", 1}}},
+        // Zero sets still makes the item.
+        {true, 2, 6, -1, 0, {{"1d20", 3}, {"2d6", 5}, {"2d6+1", 1}, {"2d6-1", 0}}},
+        {false, 3, 6, 0, 0, {{"3d6", 0}}},
+    };
+    const std::map<QString, std::pair<int, int>> kReach = {{"2d6", {2, 12}},
+                                                           {"1d20", {1, 20}},
+                                                           {"2d6+1", {3, 13}},
+                                                           {"2d6-1", {1, 11}},
+                                                           {"3d6", {3, 18}}};
+    int index = 0;
+    for (const Step& step : steps) {
+        SCOPED_TRACE(testing::Message() << "step " << index++);
+        append->setChecked(step.append);
+        frame.DieRoll(step.count, step.die, step.modifier, step.sets);
+        const auto items = rollList(frame);
+        ASSERT_EQ(items.size(), step.expected.size());
+        for (size_t i = 0; i < items.size(); ++i) {
+            EXPECT_EQ(items[i].label, step.expected[i].first);
+            ASSERT_EQ(items[i].results.size(), step.expected[i].second);
+            // Order numbers run 0, 1, 2... in list order, across separate rolls.
+            for (int c = 0; c < items[i].results.size(); ++c)
+                EXPECT_EQ(items[i].orders[size_t(c)], c) << items[i].label.toStdString();
+        }
+        // The item just rolled is opened, and every line is a sum within the dice's reach.
+        const QString label = DiceGenFrame::BuildRollLabel(step.count, step.die, step.modifier);
+        for (const auto& item : items) {
+            if (item.label == label) {
+                EXPECT_TRUE(item.expanded) << label.toStdString();
+            }
+            const auto reach = kReach.find(item.label);
+            ASSERT_NE(reach, kReach.end()) << item.label.toStdString();
+            for (const QString& result : item.results) {
+                EXPECT_GE(result.toInt(), reach->second.first) << item.label.toStdString();
+                EXPECT_LE(result.toInt(), reach->second.second) << item.label.toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(DiceGenFrameTest, EachLineIsTheDiceSumPlusTheModifier) {
+    // One-sided dice make every sum exact: count x 1 + modifier.
+    DiceGenFrame frame;
+    const struct {
+        int count, modifier, sets;
+        const char* label;
+        const char* each;
+    } cases[] = {
+        {1, 5, 3, "1d1+5", "6"},
+        {3, -2, 2, "3d1-2", "1"},
+        {7, 0, 1, "7d1", "7"},
+    };
+    for (const auto& c : cases) {
+        frame.DieRoll(c.count, 1, c.modifier, c.sets);
+        const auto items = rollList(frame);
+        ASSERT_EQ(items.size(), 1u);
+        EXPECT_EQ(items[0].label, QString::fromLatin1(c.label));
+        EXPECT_EQ(items[0].results, QStringList(c.sets, QString::fromLatin1(c.each)));
+    }
+    // No dice: the modifier alone, and the random source is left alone.
+    const std::uint64_t before = FC::GetRandomDrawCount();
+    frame.DieRoll(0, 6, 4, 2);
+    EXPECT_EQ(FC::GetRandomDrawCount(), before);
+    EXPECT_EQ(rollList(frame).at(0).results, (QStringList{"4", "4"}));
+}
+
+TEST_F(DiceGenFrameTest, RollAndQuickButtonsUseTheirOwnValues) {
+    DiceGenFrame frame;
+    auto* number = part<QSpinBox>(frame, "mNumber");
+    auto* die = part<QComboBox>(frame, "mDie");
+    auto* modifier = part<QSpinBox>(frame, "mModifier");
+    auto* sets = part<QSpinBox>(frame, "mSets");
+    auto* roll = part<QPushButton>(frame, "mRollButton");
+    ASSERT_TRUE(number && die && modifier && sets && roll);
+    number->setValue(4);
+    die->setCurrentIndex(die->findData(6));
+    modifier->setValue(-1);
+    sets->setValue(6);
+    roll->click();
+    auto items = rollList(frame);
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].label, "4d6-1");
+    ASSERT_EQ(items[0].results.size(), 6);
+    for (const QString& result : items[0].results) {
+        EXPECT_GE(result.toInt(), 3);
+        EXPECT_LE(result.toInt(), 23);
+    }
+    // A quick button rolls its stored dice once, whatever the fields say.
+    const struct {
+        int id;
+        const char* label;
+        int low, high;
+    } quick[] = {{8, "3d6", 3, 18}, {1, "1d20", 1, 20}, {9, "4d6", 4, 24}, {2, "1d100", 1, 100}};
+    for (const auto& q : quick) {
+        auto* button = part<QPushButton>(frame, QStringLiteral("mQuick%1").arg(q.id));
+        ASSERT_NE(button, nullptr);
+        button->click();
+        items = rollList(frame);
+        ASSERT_EQ(items.size(), 1u) << q.id;
+        EXPECT_EQ(items[0].label, QString::fromLatin1(q.label));
+        ASSERT_EQ(items[0].results.size(), 1) << q.id;
+        EXPECT_GE(items[0].results[0].toInt(), q.low) << q.id;
+        EXPECT_LE(items[0].results[0].toInt(), q.high) << q.id;
+    }
+}
+
+TEST_F(DiceGenFrameTest, WithoutRulesTheQuickButtonsRollNothing) {
+    DDatabase::ShutDown();
+    DiceGenFrame frame;
+    EXPECT_EQ(part<QComboBox>(frame, "mDie")->count(), 0);
+    for (int id = 1; id <= 9; ++id)
+        EXPECT_EQ(part<QPushButton>(frame, QStringLiteral("mQuick%1").arg(id))->text(),
+                  QStringLiteral("&%1. Quick").arg(id));
+    part<QPushButton>(frame, "mQuick4")->click();
+    const auto items = rollList(frame);
+    ASSERT_EQ(items.size(), 1u);
+    EXPECT_EQ(items[0].label, "0d0");
+    EXPECT_EQ(items[0].results, QStringList{"0"});
+    EXPECT_EQ(DFailureReporter::GetReportCount(), 0);
+}
+
+TEST_F(DiceGenFrameTest, AMissingQuickButtonTableIsReportedOnce) {
+    DDatabase::ShutDown();
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QString path = dir.filePath(QStringLiteral("dice-only.db"));
+    ASSERT_TRUE(hoardtest::writeFile(path, QByteArray()));
+    {
+        std::unique_ptr<odbc::Connection> connection(odbc::DriverManager::getConnection(path));
+        connection->execute(QStringLiteral("CREATE TABLE [types Dice] (Id INTEGER, Name TEXT)"));
+        connection->execute(
+            QStringLiteral("INSERT INTO [types Dice] VALUES (1, '1'), (6, 'd6'), (4, 'd4')"));
+    }
+    ASSERT_TRUE(DDatabase::StartUp(FCString(path)));
+    DFailureReporter::ResetReports();
+
+    DiceGenFrame frame;
+    EXPECT_EQ(DFailureReporter::GetReportCount(), 1);
+    EXPECT_EQ(DFailureReporter::GetLastCaption(), "Query failed");
+    const auto* die = part<QComboBox>(frame, "mDie");
+    ASSERT_EQ(die->count(), 2);
+    EXPECT_EQ(die->itemText(0), "d4");
+    EXPECT_EQ(die->itemText(1), "d6");
+    EXPECT_EQ(part<QPushButton>(frame, "mQuick7")->text(), "&7. Quick");
+}
+
+TEST_F(DiceGenFrameTest, PaintsTheRollList) {
+    DiceGenFrame frame;
+    frame.resize(520, 480);
+    part<QCheckBox>(frame, "mAppend")->setChecked(true);
+    frame.DieRoll(4, 6, 0, 6);
+    frame.DieRoll(1, 20, 2, 2);
+    frame.show();
+    QApplication::processEvents();
+    const QImage image = frame.grab().toImage();
+    ASSERT_FALSE(image.isNull());
+    EXPECT_EQ(image.size(), frame.size() * image.devicePixelRatio());
+    // A painted form has text and frames on its background: many colours, not one.
+    std::set<QRgb> colours;
+    for (int y = 0; y < image.height(); y += 4)
+        for (int x = 0; x < image.width(); x += 4)
+            colours.insert(image.pixel(x, y));
+    EXPECT_GT(colours.size(), 3u);
+    // For a look by eye: HOARD_DICE_SCREENSHOT=/tmp/dice.png test_ui.
+    const QString shot = qEnvironmentVariable("HOARD_DICE_SCREENSHOT");
+    if (!shot.isEmpty()) {
+        EXPECT_TRUE(image.save(shot));
+    }
+}
