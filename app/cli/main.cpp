@@ -1,6 +1,7 @@
 #include "CharacterCommand.h"
 #include "CliContext.h"
 #include "DbCommand.h"
+#include "RulesCommand.h"
 #include "DemoCommand.h"
 #include "FCRandom.h"
 #include "ObjectsCommand.h"
@@ -18,6 +19,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     std::vector<std::unique_ptr<CliCommand>> commands;
     commands.push_back(std::make_unique<DemoCommand>());
     commands.push_back(std::make_unique<DbCommand>());
+    commands.push_back(std::make_unique<RulesCommand>());
     commands.push_back(std::make_unique<CharacterCommand>());
     commands.push_back(std::make_unique<RaceCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());

@@ -1,6 +1,7 @@
 #include "DeskMainWindow.h"
 
 #include "DOptions.h"
+#include "FCRandom.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -9,6 +10,8 @@
 
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
+    // Every session rolls differently; the command line offers --seed for repeatable runs.
+    FC::SeedRandomFromTime();
     QApplication::setApplicationName(QStringLiteral("hoard-desk"));
     QApplication::setApplicationVersion(QStringLiteral(HOARD_VERSION));
 

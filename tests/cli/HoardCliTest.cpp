@@ -98,3 +98,35 @@ TEST(HoardCli, DemoSavesAndReadsBackACharacter) {
     EXPECT_EQ(character["file_name"].toString(), "Tordek") << "named after its file";
     EXPECT_EQ(character["race"].toString(), "Demo Human");
 }
+
+TEST(HoardCli, RulesPrintsRowsByTableAndKey) {
+    // The fighter by the rules: d10 hit die, full base attack, good Fortitude only.
+    const CliRun fighter = hoard({"rules", "[info Class]", "fighter", "--json"});
+    ASSERT_EQ(fighter.status, 0) << fighter.err.toStdString();
+    const QJsonArray rows = json(fighter.out)["rows"].toArray();
+    ASSERT_EQ(rows.size(), 1);
+    const QJsonObject row = rows[0].toObject();
+    EXPECT_EQ(row["Name"].toString(), "Fighter");
+    EXPECT_EQ(row["DieId"].toString(), "10");
+    EXPECT_EQ(row["AttackBonusMultiplier"].toString().toDouble(), 1.0);
+    EXPECT_EQ(row["HIFORT"].toString(), "1");
+    EXPECT_EQ(row["HIREF"].toString(), "0");
+
+    // By index and by the name without brackets: the nine sizes, Fine to Colossal.
+    for (const char* table : {"9", "info size"}) {
+        const CliRun sizes = hoard({"rules", table, "--json"});
+        ASSERT_EQ(sizes.status, 0) << table;
+        EXPECT_EQ(json(sizes.out)["rows"].toArray().size(), 9) << table;
+    }
+    const struct {
+        QStringList args;
+        QString expected;
+    } errors[] = {{{"rules", "212"}, "no rules table '212'"},
+                  {{"rules", "[info Nothing]"}, "no rules table"},
+                  {{"rules", "[info Class]", "Plumber"}, "no row of [info Class]"}};
+    for (const auto& e : errors) {
+        const CliRun run = hoard(e.args);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_TRUE(run.err.contains(e.expected)) << run.err.toStdString();
+    }
+}

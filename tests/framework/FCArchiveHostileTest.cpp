@@ -16,9 +16,12 @@
 #endif
 
 #ifdef FCTEST_ASAN
-#include <sanitizer/allocator_interface.h>
-
 #include <atomic>
+
+// From the sanitizer runtime; not every compiler ships its header.
+extern "C" int
+__sanitizer_install_malloc_and_free_hooks(void (*onMalloc)(const volatile void*, std::size_t),
+                                          void (*onFree)(const volatile void*));
 #else
 #include <QFile>
 
