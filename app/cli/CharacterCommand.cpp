@@ -98,15 +98,10 @@ QString CharacterCommand::Help() const {
 }
 
 int CharacterCommand::Run(CliContext& context, QStringList args) {
-    if (args.isEmpty() || (WantsHelp(args) && args.size() == 1)) {
-        CliContext::PrintLine(Help());
-        return args.isEmpty() ? 1 : 0;
-    }
-    const QString sub = args.takeFirst();
-    if (WantsHelp(args)) {
-        CliContext::PrintLine(Help());
-        return 0;
-    }
+    QString sub;
+    int status = 0;
+    if (!TakeSubcommand(args, sub, status))
+        return status;
     if (sub == "new")
         return RunNew(context, args);
     if (sub == "show")

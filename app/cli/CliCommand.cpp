@@ -1,5 +1,7 @@
 #include "CliCommand.h"
 
+#include "CliContext.h"
+
 bool CliCommand::TakeOption(QStringList& args, const QString& name, QString& value) {
     const int i = int(args.indexOf(name));
     if (i < 0)
@@ -18,5 +20,15 @@ bool CliCommand::RejectUnknownOptions(const QStringList& args, QString& error) {
             return false;
         }
     }
+    return true;
+}
+
+bool CliCommand::TakeSubcommand(QStringList& args, QString& sub, int& status) const {
+    if (args.isEmpty() || WantsHelp(args)) {
+        CliContext::PrintLine(Help());
+        status = args.isEmpty() ? 1 : 0;
+        return false;
+    }
+    sub = args.takeFirst();
     return true;
 }

@@ -19,6 +19,9 @@ protected:
     static bool WantsHelp(const QStringList& args) {
         return args.contains("--help") || args.contains("-h");
     }
+    // Takes the subcommand word into `sub`. With no word or with --help it prints the help
+    // instead and returns false, with the exit status in `status`.
+    bool TakeSubcommand(QStringList& args, QString& sub, int& status) const;
     // Removes "--name VALUE"; false when the option is there without a value.
     static bool TakeOption(QStringList& args, const QString& name, QString& value);
     // Any argument left that starts with '-' is an unknown option.

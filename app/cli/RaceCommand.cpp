@@ -373,25 +373,20 @@ void printRace(const QJsonObject& r) {
 QString RaceCommand::Help() const {
     return QStringLiteral(
         "Usage:\n"
-        "  hoard race list [--core|--tree core|--tree user] [--type TYPE] [--json]\n"
+        "  hoard race list [--core|--user] [--type TYPE] [--json]\n"
         "  hoard race show NAME [--json]\n\n"
         "list   every race file of the core and user trees with its size, type and hit dice;\n"
-        "       --type keeps one creature type (e.g. giant, humanoid); --tree user lists\n"
-        "       only the user's races (a bare --user is the global option).\n"
+        "       --type keeps one creature type (e.g. giant, humanoid); --core or --user\n"
+        "       keeps one tree (--tree core|user says the same).\n"
         "show   every field of one race; NAME is the file's name without .rac, a user file\n"
         "       before a core one.\n");
 }
 
 int RaceCommand::Run(CliContext& context, QStringList args) {
-    if (args.isEmpty() || (WantsHelp(args) && args.size() == 1)) {
-        CliContext::PrintLine(Help());
-        return args.isEmpty() ? 1 : 0;
-    }
-    const QString sub = args.takeFirst();
-    if (WantsHelp(args)) {
-        CliContext::PrintLine(Help());
-        return 0;
-    }
+    QString sub;
+    int status = 0;
+    if (!TakeSubcommand(args, sub, status))
+        return status;
     if (sub == "list")
         return RunList(context, args);
     if (sub == "show")

@@ -40,12 +40,12 @@ bool rowMatches(odbc::ResultSet& row, const QStringList& columns, const QString&
 
 QString RulesCommand::Help() const {
     return QStringLiteral(
-        "Usage: hoard rules TABLE [KEY-OR-NAME] [--json]\n\n"
-        "TABLE is a table's index (0-211) or its name, with or without brackets:\n"
-        "  hoard rules \"[info Class]\" Fighter\n"
-        "  hoard rules 9\n"
-        "KEY-OR-NAME keeps the rows whose Id, Guid or Name equals it (any case).\n"
-        "At most %1 rows are printed.\n")
+               "Usage: hoard rules TABLE [KEY-OR-NAME] [--json]\n\n"
+               "TABLE is a table's index (0-211) or its name, with or without brackets:\n"
+               "  hoard rules \"[info Class]\" Fighter\n"
+               "  hoard rules 9\n"
+               "KEY-OR-NAME keeps the rows whose Id, Guid or Name equals it (any case).\n"
+               "At most %1 rows are printed.\n")
         .arg(kMaxRows);
 }
 
@@ -74,7 +74,8 @@ int RulesCommand::Run(CliContext& context, QStringList args) {
         return CliContext::Fail(QStringLiteral("give a table and at most one key (see --help)"));
     const int table = FindTable(args[0]);
     if (table < 0)
-        return CliContext::Fail(QStringLiteral("no rules table '%1' (see hoard db info)").arg(args[0]));
+        return CliContext::Fail(
+            QStringLiteral("no rules table '%1' (see hoard db info)").arg(args[0]));
     const QString key = args.size() > 1 ? args[1] : QString();
     if (!context.StartLibrary())
         return 1;
@@ -105,13 +106,14 @@ int RulesCommand::Run(CliContext& context, QStringList args) {
             QStringLiteral("cannot read table %1: %2").arg(name, failure.getMessage()));
     }
     if (!key.isEmpty() && rows.isEmpty())
-        return CliContext::Fail(QStringLiteral("no row of %1 has the id, GUID or name '%2'")
-                                    .arg(name, key));
+        return CliContext::Fail(
+            QStringLiteral("no row of %1 has the id, GUID or name '%2'").arg(name, key));
     if (context.WantsJson()) {
         CliContext::PrintJson(QJsonObject{{"table", name}, {"index", table}, {"rows", rows}});
         return 0;
     }
-    CliContext::PrintLine(QStringLiteral("%1 (table %2): %3 row(s)").arg(name).arg(table).arg(rows.size()));
+    CliContext::PrintLine(
+        QStringLiteral("%1 (table %2): %3 row(s)").arg(name).arg(table).arg(rows.size()));
     for (const QString& line : lines)
         CliContext::PrintLine(line);
     return 0;

@@ -1,11 +1,15 @@
 #include "DeskMainWindow.h"
 
+#include "CatalogueDock.h"
+
 #include "DCharacter.h"
 #include "DDatabase.h"
 #include "DFileObject.h"
 #include "DObjectManager.h"
 #include "DRace.h"
+#include "DSizeInfo.h"
 #include "DiceGenFrame.h"
+#include "FCFileManager.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -26,6 +30,9 @@ DeskMainWindow::DeskMainWindow(const QString& databaseConnection, QWidget* paren
     statusBar()->addPermanentWidget(mStatus);
     BuildMenus();
     StartLibrary();
+    mCatalogues = new CatalogueDock(this);
+    addDockWidget(Qt::LeftDockWidgetArea, mCatalogues);
+    connect(mCatalogues, &CatalogueDock::EntryActivated, this, &DeskMainWindow::ShowEntry);
     ShowDatabaseSummary();
 }
 
@@ -80,6 +87,33 @@ void DeskMainWindow::ShowDatabaseSummary() {
                 .arg(DObjectManager::GetTableSet().GetCount());
     html += tr("<p>Use File &rarr; Open to look at a character file.</p>");
     mView->setHtml(html);
+}
+
+void DeskMainWindow::ShowEntry(DFileObject* entry) {
+    const QString path = FCFileManager::ResolvePath(entry->GetAccessFilePath());
+    if (entry->GetObjectType() == kObjectCharacter || entry->GetObjectType() == kObjectMonster) {
+        OpenFile(path);
+        return;
+    }
+    if (entry->GetObjectType() != kObjectRace)
+        return;
+    DRace* race = DRace::CreateFromFile(FCString(path), false);
+    if (!race) {
+        QMessageBox::warning(this, tr("Race"), tr("%1 cannot be read.").arg(path));
+        return;
+    }
+    const DSizeInfo* size = DDatabase::GetSizeInfo(race->GetSizeId());
+    mView->setHtml(tr("<h2>%1</h2><table>"
+                      "<tr><td><b>Size</b></td><td>%2</td></tr>"
+                      "<tr><td><b>Hit dice</b></td><td>%3</td></tr>"
+                      "<tr><td><b>Challenge rating</b></td><td>%4</td></tr>"
+                      "<tr><td><b>File</b></td><td>%5</td></tr></table>"
+                      "<p>hoard race show \"%1\" prints every field.</p>")
+                       .arg(race->GetRaceName().toHtmlEscaped(),
+                            size ? size->GetSizeName().toHtmlEscaped() : QString(),
+                            QString::number(race->GetHitDieCount()),
+                            QString::number(race->GetChallengeRating()), path.toHtmlEscaped()));
+    race->Release();
 }
 
 void DeskMainWindow::ChooseFileToOpen() {

@@ -2,6 +2,8 @@
 
 #include <QMainWindow>
 
+class CatalogueDock;
+class DFileObject;
 class QLabel;
 class QTextBrowser;
 
@@ -15,9 +17,11 @@ public:
     bool IsDatabaseOpen() const { return mDatabaseOpen; }
     // Opens an object file and shows what it holds; false with a message if it cannot.
     bool OpenFile(const QString& path);
+    CatalogueDock* GetCatalogueDock() const { return mCatalogues; }
 
 private slots:
     void ChooseFileToOpen();
+    void ShowEntry(DFileObject* entry);
     void ShowAbout();
 
 private:
@@ -30,4 +34,5 @@ private:
     int mTablesPresent = 0;
     QTextBrowser* mView = nullptr;
     QLabel* mStatus = nullptr;
+    CatalogueDock* mCatalogues = nullptr;
 };

@@ -19,8 +19,9 @@ int main(int argc, char* argv[]) {
     parser.setApplicationDescription(QStringLiteral("Hoard desktop program"));
     parser.addHelpOption();
     parser.addVersionOption();
-    const QCommandLineOption dataOption("data", "Installed data folder.", "DIR",
-                                  DOptions::FindDefaultAppPath(FCString(HOARD_DATA_BUILD_DIR)));
+    const QCommandLineOption dataOption(
+        "data", "Installed data folder.", "DIR",
+        DOptions::FindDefaultAppPath(FCString(HOARD_DATA_BUILD_DIR)));
     const QCommandLineOption userOption("user", "User data folder.", "DIR");
     const QCommandLineOption dbOption("db", "Rules database connection.", "CONNECTION");
     const QCommandLineOption quitOption("quit-after", "Quit after MS milliseconds (for checks).",
@@ -34,8 +35,8 @@ int main(int argc, char* argv[]) {
     DOptions::mAppPath = FCString(QDir(parser.value(dataOption)).absolutePath());
     if (parser.isSet(userOption))
         DOptions::SetUserDataPath(FCString(QDir(parser.value(userOption)).absolutePath()));
-    const QString database = parser.isSet(dbOption) ? parser.value(dbOption)
-                                                    : DOptions::mAppPath + "/rules.db";
+    const QString database =
+        parser.isSet(dbOption) ? parser.value(dbOption) : DOptions::mAppPath + "/rules.db";
     DeskMainWindow window(database);
     window.show();
     if (!parser.positionalArguments().isEmpty())
