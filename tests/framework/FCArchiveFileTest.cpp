@@ -35,8 +35,8 @@ TEST_F(FCArchiveFileTest, WriteThenReadGivesAnEqualObject) {
     EXPECT_EQ(bytes.left(12).toHex(), QByteArray("484f41520808080800010001"));
     EXPECT_EQ(bytes.mid(12), fctest::storeObject(&original));
 
-    FCObject* object = FCArchive::ReadFile(file, kSignature, false, nullptr,
-                                           TestCounted::GetStaticClassInfo());
+    FCObject* object =
+        FCArchive::ReadFile(file, kSignature, false, nullptr, TestCounted::GetStaticClassInfo());
     auto* loaded = FCDynamicCast<TestDerived>(object);
     ASSERT_NE(loaded, nullptr);
     EXPECT_EQ(loaded->GetRetainCount(), 1);
@@ -94,8 +94,8 @@ TEST_F(FCArchiveFileTest, UnreadableFilesGiveNull) {
         EXPECT_EQ(TestCounted::sLive, before + 1);
     }
     // The sound file itself is fine, so the failures above come from the cases.
-    FCObject* object = FCArchive::ReadFile(good, kSignature, false, nullptr,
-                                           TestDerived::GetStaticClassInfo());
+    FCObject* object =
+        FCArchive::ReadFile(good, kSignature, false, nullptr, TestDerived::GetStaticClassInfo());
     ASSERT_NE(object, nullptr);
     object->Release();
 }

@@ -19,9 +19,9 @@
 #include <atomic>
 
 // From the sanitizer runtime; not every compiler ships its header.
-extern "C" int
-__sanitizer_install_malloc_and_free_hooks(void (*onMalloc)(const volatile void*, std::size_t),
-                                          void (*onFree)(const volatile void*));
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*onMalloc)(const volatile void*,
+                                                                          std::size_t),
+                                                         void (*onFree)(const volatile void*));
 #else
 #include <QFile>
 
@@ -35,7 +35,9 @@ using fctest::storeObject;
 namespace {
 
 // Live instances of every counting class, to prove that failed reads free what they built.
-int liveObjects() { return TestCounted::sLive + TestNode::sLive; }
+int liveObjects() {
+    return TestCounted::sLive + TestNode::sLive;
+}
 
 TestFields* filledFields() {
     auto* fields = new TestFields;
@@ -136,8 +138,7 @@ std::vector<ImpossibleCase> impossibleCases() {
          Bytes().name("TestObjMap").i32(1).i32(0x7FFFFFFF).raw(tail).data(), 8},
         {"ownership mode 3", Bytes().name("TestObjList").i32(3).i32(0).data(), -1},
         {"ownership mode -1", Bytes().name("TestObjSet").i32(-1).i32(0).data(), -1},
-        {"ownership mode 0x7FFFFFFF", Bytes().name("TestObjMap").i32(0x7FFFFFFF).i32(0).data(),
-         -1},
+        {"ownership mode 0x7FFFFFFF", Bytes().name("TestObjMap").i32(0x7FFFFFFF).i32(0).data(), -1},
         {"borrowing array with an element",
          Bytes().name("TestObjList").i32(0).i32(1).name("TestCounted").i32(1).data(), -1},
         {"null element", Bytes().name("TestObjList").i32(2).i32(1).u16(0).data(), -1},
@@ -147,12 +148,17 @@ std::vector<ImpossibleCase> impossibleCases() {
         {"element of an unrelated class",
          Bytes().name("TestObjList").i32(2).i32(1).name("TestText").u32(0xFFFFFFFF).data(), -1},
         {"second element truncated",
-         Bytes().name("TestObjList").i32(2).i32(2).name("TestCounted").i32(1).name("TestCou")
+         Bytes()
+             .name("TestObjList")
+             .i32(2)
+             .i32(2)
+             .name("TestCounted")
+             .i32(1)
+             .name("TestCou")
              .data(),
          -1},
     };
 }
-
 
 #ifdef FCTEST_ASAN
 // The sanitizer reserves far more address space than it uses, so a cap on it proves nothing;
@@ -225,9 +231,9 @@ TEST(FCArchiveHostileTest, RandomBytesNeverCrashOrLeak) {
     const int before = liveObjects();
     std::mt19937 random(20240611);
     std::uniform_int_distribution<int> byte(0, 255);
-    const char* const classNames[] = {"TestFields", "TestObjList", "TestObjSet", "TestObjMap",
-                                      "TestText",   "TestIntList", "TestIntSet", "TestNode",
-                                      "TestDerivedList"};
+    const char* const classNames[] = {"TestFields", "TestObjList", "TestObjSet",
+                                      "TestObjMap", "TestText",    "TestIntList",
+                                      "TestIntSet", "TestNode",    "TestDerivedList"};
     for (int iteration = 0; iteration < 4000; ++iteration) {
         SCOPED_TRACE(iteration);
         const int length = std::uniform_int_distribution<int>(0, 300)(random);
@@ -253,8 +259,8 @@ TEST(FCArchiveHostileTest, MutatedArchivesNeverCrashOrLeak) {
         QByteArray bytes = samples[size_t(iteration) % samples.size()];
         const int changes = std::uniform_int_distribution<int>(1, 4)(random);
         for (int i = 0; i < changes; ++i) {
-            const auto at = qsizetype(
-                std::uniform_int_distribution<int>(0, int(bytes.size()) - 1)(random));
+            const auto at =
+                qsizetype(std::uniform_int_distribution<int>(0, int(bytes.size()) - 1)(random));
             switch (std::uniform_int_distribution<int>(0, 3)(random)) {
             case 0:
                 bytes[at] = char(byte(random));
@@ -343,11 +349,11 @@ TEST(FCArchiveHostileTest, ClassNamesThatNameNothingCreatable) {
         {"different case", Bytes().name("testcounted").raw(value).data()},
         {"a registered name with trailing bytes",
          Bytes().u16(15).raw(QByteArray("TestCounted\0xyz", 15)).raw(value).data()},
-        {"name over the limit",
-         Bytes().u16(FCArchive::kMaxClassNameLength + 1)
-             .raw(QByteArray(FCArchive::kMaxClassNameLength + 1, 'A'))
-             .raw(value)
-             .data()},
+        {"name over the limit", Bytes()
+                                    .u16(FCArchive::kMaxClassNameLength + 1)
+                                    .raw(QByteArray(FCArchive::kMaxClassNameLength + 1, 'A'))
+                                    .raw(value)
+                                    .data()},
         {"name length 0xFFFF", Bytes().u16(0xFFFF).raw(QByteArray(100, 'B')).data()},
         {"name longer than the rest", Bytes().u16(11).raw("TestCou").data()},
         {"half a length", Bytes().u8(0).data()},
@@ -406,9 +412,15 @@ TEST(FCArchiveHostileTest, NestingIsBounded) {
 
 TEST(FCArchiveHostileTest, RepeatedElementsInAFileDoNotLeak) {
     const int before = liveObjects();
-    const QByteArray sameTwice =
-        Bytes().name("TestObjSet").i32(2).i32(2).name("TestCounted").i32(5).name("TestCounted")
-            .i32(5).data();
+    const QByteArray sameTwice = Bytes()
+                                     .name("TestObjSet")
+                                     .i32(2)
+                                     .i32(2)
+                                     .name("TestCounted")
+                                     .i32(5)
+                                     .name("TestCounted")
+                                     .i32(5)
+                                     .data();
     const QByteArray keyTwice = Bytes()
                                     .name("TestObjMap")
                                     .i32(2)

@@ -16,7 +16,14 @@ namespace {
 const QUuid kGuidA("{6ba7b810-9dad-11d1-80b4-00c04fd430c8}");
 const QUuid kGuidB("{00112233-4455-6677-8899-aabbccddeeff}");
 
-QByteArray hex(const char* text) { return QByteArray::fromHex(text); }
+QByteArray hex(const char* text) {
+    return QByteArray::fromHex(text);
+}
+
+// A writer that transfers one value of its own.
+template <typename T> std::function<void(FCArchive&)> transferOf(T value) {
+    return [value](FCArchive& archive) mutable { archive.Transfer(value); };
+}
 
 QByteArray storeWith(const std::function<void(FCArchive&)>& write) {
     QByteArray bytes;
@@ -188,25 +195,20 @@ TEST(FCArchiveTest, FieldsHaveAFixedBigEndianLayout) {
         QByteArray expected;
     };
     const std::vector<Case> cases = {
-        {"qint32", [](FCArchive& a) { qint32 v = 0x01020304; a.Transfer(v); }, hex("01020304")},
-        {"negative qint32", [](FCArchive& a) { qint32 v = -2; a.Transfer(v); }, hex("fffffffe")},
-        {"quint32", [](FCArchive& a) { quint32 v = 0xA0B0C0D0u; a.Transfer(v); }, hex("a0b0c0d0")},
-        {"qint64", [](FCArchive& a) { qint64 v = 0x0102030405060708; a.Transfer(v); },
-         hex("0102030405060708")},
-        {"qint16", [](FCArchive& a) { qint16 v = -2; a.Transfer(v); }, hex("fffe")},
-        {"float", [](FCArchive& a) { float v = 1.0f; a.Transfer(v); }, hex("3f800000")},
-        {"double", [](FCArchive& a) { double v = 1.0; a.Transfer(v); }, hex("3ff0000000000000")},
-        {"bool true", [](FCArchive& a) { bool v = true; a.Transfer(v); }, hex("01")},
-        {"bool false", [](FCArchive& a) { bool v = false; a.Transfer(v); }, hex("00")},
-        {"guid", [](FCArchive& a) { QUuid v = kGuidB; a.Transfer(v); },
-         hex("00112233445566778899aabbccddeeff")},
-        {"string", [](FCArchive& a) { QString v = QString::fromUtf8("A\xC3\xA9"); a.Transfer(v); },
-         hex("00000004004100e9")},
-        {"empty string", [](FCArchive& a) { QString v = QLatin1String(""); a.Transfer(v); },
-         hex("00000000")},
-        {"null string", [](FCArchive& a) { QString v; a.Transfer(v); }, hex("ffffffff")},
-        {"enum", [](FCArchive& a) { TestColor v = TestColor::Blue; a.Transfer(v); },
-         hex("fffffff9")},
+        {"qint32", transferOf(qint32(0x01020304)), hex("01020304")},
+        {"negative qint32", transferOf(qint32(-2)), hex("fffffffe")},
+        {"quint32", transferOf(quint32(0xA0B0C0D0u)), hex("a0b0c0d0")},
+        {"qint64", transferOf(qint64(0x0102030405060708)), hex("0102030405060708")},
+        {"qint16", transferOf(qint16(-2)), hex("fffe")},
+        {"float", transferOf(1.0f), hex("3f800000")},
+        {"double", transferOf(1.0), hex("3ff0000000000000")},
+        {"bool true", transferOf(true), hex("01")},
+        {"bool false", transferOf(false), hex("00")},
+        {"guid", transferOf(kGuidB), hex("00112233445566778899aabbccddeeff")},
+        {"string", transferOf(QString::fromUtf8("A\xC3\xA9")), hex("00000004004100e9")},
+        {"empty string", transferOf(QString(QLatin1String(""))), hex("00000000")},
+        {"null string", transferOf(QString()), hex("ffffffff")},
+        {"enum", transferOf(TestColor::Blue), hex("fffffff9")},
         {"header",
          [](FCArchive& a) {
              a.mSignature = 0x08080808;
@@ -231,7 +233,8 @@ TEST(FCArchiveTest, FieldsHaveAFixedBigEndianLayout) {
              v.SetOwnership(kFCBorrowed);
          },
          hex("0000000200000001000b") + "TestCounted" + hex("00000005")},
-        {"int array", [](FCArchive& a) {
+        {"int array",
+         [](FCArchive& a) {
              FCArray<int> v;
              v.Add(-1);
              v.Add(2);
@@ -361,8 +364,8 @@ TEST(FCArchiveTest, ReadingIntoAnObjectOfAnotherClassFailsAndLeavesItAlone) {
     const int before = TestCounted::sLive;
     TestDerived stored(5, "five");
     const QByteArray bytes = storeObject(&stored);
-    for (FCObject* into : std::initializer_list<FCObject*>{new TestCounted(9), new TestGrandChild,
-                                                          new TestText}) {
+    for (FCObject* into :
+         std::initializer_list<FCObject*>{new TestCounted(9), new TestGrandChild, new TestText}) {
         SCOPED_TRACE(into->GetClassInfoA()->GetClassName());
         bool ok = true;
         EXPECT_EQ(loadObject(bytes, &ok, into), nullptr);

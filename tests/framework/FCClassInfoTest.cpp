@@ -11,9 +11,15 @@ struct KindCase {
     bool expected;
 };
 
-FCObject* makeCounted() { return new TestCounted; }
-FCObject* makeDerived() { return new TestDerived; }
-FCObject* makeGrandChild() { return new TestGrandChild; }
+FCObject* makeCounted() {
+    return new TestCounted;
+}
+FCObject* makeDerived() {
+    return new TestDerived;
+}
+FCObject* makeGrandChild() {
+    return new TestGrandChild;
+}
 
 } // namespace
 

@@ -1,5 +1,5 @@
-#include "DOptions.h"
 #include "FCFileManager.h"
+#include "DOptions.h"
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,11 @@ protected:
         ASSERT_TRUE(mApp.isValid());
         ASSERT_TRUE(mUser.isValid());
         mOldAppPath = DOptions::mAppPath;
+        // An unset user folder must stay unset, so that it keeps following the environment.
         mOldUserPath = DOptions::GetUserDataPath();
+        DOptions::SetUserDataPath(FCString());
+        if (DOptions::GetUserDataPath() == mOldUserPath)
+            mOldUserPath.clear();
         DOptions::mAppPath = mApp.path();
         DOptions::SetUserDataPath(mUser.path());
     }

@@ -82,7 +82,9 @@ struct MapSetAt {
 
 struct GuidMapSetAt {
     using Container = FCPointerMap<QUuid, TestCounted>;
-    static QUuid key(const TestCounted* o) { return QUuid(uint(o->mValue), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0); }
+    static QUuid key(const TestCounted* o) {
+        return QUuid(uint(o->mValue), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    }
     static void insert(Container& c, TestCounted* o) { c.SetAt(key(o), o); }
     static void removeOne(Container& c, TestCounted* o) { EXPECT_TRUE(c.RemoveKey(key(o))); }
     static std::vector<TestCounted*> elements(const Container& c) {
@@ -100,13 +102,13 @@ std::vector<qint32> valuesOf(const std::vector<TestCounted*>& elements) {
     return out;
 }
 
-template <typename Ops> class PointerContainerTest : public ::testing::Test {};
+template <typename Ops> class FCPointerContainerTest : public ::testing::Test {};
 using AllAdapters = ::testing::Types<ArrayAdd, ArrayInsertAt, SetAdd, MapSetAt, GuidMapSetAt>;
-TYPED_TEST_SUITE(PointerContainerTest, AllAdapters);
+TYPED_TEST_SUITE(FCPointerContainerTest, AllAdapters);
 
 } // namespace
 
-TYPED_TEST(PointerContainerTest, InsertAndEveryRemovalFollowTheOwnershipMode) {
+TYPED_TEST(FCPointerContainerTest, InsertAndEveryRemovalFollowTheOwnershipMode) {
     using Ops = TypeParam;
     for (const ModeCase& m : kModes) {
         for (Removal how : {Removal::One, Removal::All, Removal::Destroy}) {
@@ -164,7 +166,7 @@ TYPED_TEST(PointerContainerTest, InsertAndEveryRemovalFollowTheOwnershipMode) {
     }
 }
 
-TYPED_TEST(PointerContainerTest, CloneFromMakesIndependentDeepCopiesInOwningModes) {
+TYPED_TEST(FCPointerContainerTest, CloneFromMakesIndependentDeepCopiesInOwningModes) {
     using Ops = TypeParam;
     for (const ModeCase& m : kModes) {
         SCOPED_TRACE(testing::Message() << "mode " << m.mode);

@@ -10,8 +10,12 @@ TEST(FCStringTest, NumberWithSignAlwaysShowsTheSign) {
         const char* expected;
     };
     const Case cases[] = {
-        {3, "+3"},   {0, "+0"},           {-2, "-2"},
-        {10, "+10"}, {INT_MAX, "+2147483647"}, {INT_MIN, "-2147483648"},
+        {3, "+3"},
+        {0, "+0"},
+        {-2, "-2"},
+        {10, "+10"},
+        {INT_MAX, "+2147483647"},
+        {INT_MIN, "-2147483648"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.value);
