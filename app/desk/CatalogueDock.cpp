@@ -30,7 +30,9 @@ CatalogueDock::CatalogueDock(QWidget* parent) : QDockWidget(tr("Catalogues"), pa
     mTree = new QTreeWidget(this);
     mTree->setColumnCount(2);
     mTree->setHeaderLabels({tr("Name"), tr("Tree")});
+    mTree->header()->setStretchLastSection(false);
     mTree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    mTree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     mTree->setUniformRowHeights(true); // hundreds of monsters stay quick to scroll
     setWidget(mTree);
     connect(mTree, &QTreeWidget::itemActivated, this, &CatalogueDock::OnItemActivated);

@@ -1,10 +1,13 @@
 #include "DeskMainWindow.h"
 
 #include "CatalogueDock.h"
+#include "NewCharacterDialog.h"
 
 #include "DCharacter.h"
+#include "DClassInfo.h"
 #include "DDatabase.h"
 #include "DFileObject.h"
+#include "DHandBook.h"
 #include "DObjectManager.h"
 #include "DRace.h"
 #include "DSizeInfo.h"
@@ -43,6 +46,8 @@ DeskMainWindow::~DeskMainWindow() {
 
 void DeskMainWindow::BuildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("&New Character..."), QKeySequence::New, this,
+                    &DeskMainWindow::NewCharacter);
     file->addAction(tr("&Open..."), QKeySequence::Open, this, &DeskMainWindow::ChooseFileToOpen);
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
@@ -138,20 +143,46 @@ bool DeskMainWindow::OpenFile(const QString& path) {
         character->Release();
         return false;
     }
-    const DRace* race = character->GetRace();
+    ShowCharacter(*character, path);
+    character->Release();
+    return true;
+}
+
+void DeskMainWindow::ShowCharacter(const DCharacter& character, const QString& file) {
+    const DRace* race = character.GetRace();
+    QStringList classes;
+    for (const DCharacterClass* characterClass : character.GetClassList()) {
+        const DClassInfo* info = DDatabase::GetClassInfoA(characterClass->GetClassGuid());
+        classes << QStringLiteral("%1 %2")
+                       .arg(info ? QString(info->mName) : tr("(unknown class)"))
+                       .arg(DHandBook::BuildFractionString(characterClass->GetLevel()));
+    }
     mView->setHtml(tr("<h2>%1</h2><table>"
                       "<tr><td><b>Player</b></td><td>%2</td></tr>"
                       "<tr><td><b>Race</b></td><td>%3</td></tr>"
                       "<tr><td><b>Level</b></td><td>%4</td></tr>"
-                      "<tr><td><b>File</b></td><td>%5</td></tr></table>")
-                       .arg(character->GetCharacterName().toHtmlEscaped(),
-                            character->GetPlayerName().toHtmlEscaped(),
+                      "<tr><td><b>Classes</b></td><td>%5</td></tr>"
+                      "<tr><td><b>File</b></td><td>%6</td></tr></table>")
+                       .arg(character.GetCharacterName().toHtmlEscaped(),
+                            character.GetPlayerName().toHtmlEscaped(),
                             race ? race->GetRaceName().toHtmlEscaped() : QString(),
-                            QString::number(int(character->GetCharacterLevel())),
-                            path.toHtmlEscaped()));
-    setWindowTitle(tr("Hoard - %1").arg(character->GetCharacterName()));
+                            QString::number(int(character.GetCharacterLevel())),
+                            classes.join(", ").toHtmlEscaped(),
+                            file.isEmpty() ? tr("not saved") : file.toHtmlEscaped()));
+    setWindowTitle(tr("Hoard - %1").arg(character.GetCharacterName()));
+}
+
+void DeskMainWindow::NewCharacter() {
+    NewCharacterDialog dialog(this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    DCharacter* character = dialog.CreateCharacter();
+    if (!character) {
+        QMessageBox::warning(this, tr("New Character"), tr("The chosen race cannot be read."));
+        return;
+    }
+    ShowCharacter(*character, QString());
     character->Release();
-    return true;
 }
 
 void DeskMainWindow::ShowAbout() {

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 
 class CatalogueDock;
+class DCharacter;
 class DFileObject;
 class QLabel;
 class QTextBrowser;
@@ -22,10 +23,13 @@ public:
 private slots:
     void ChooseFileToOpen();
     void ShowEntry(DFileObject* entry);
+    void NewCharacter();
     void ShowAbout();
 
 private:
     void BuildMenus();
+    // A read-only view of a character; `file` is empty for one not saved yet.
+    void ShowCharacter(const DCharacter& character, const QString& file);
     void StartLibrary();
     void ShowDatabaseSummary();
 

@@ -1,6 +1,8 @@
 // Runs the command-line program as a user would and checks what it prints and returns.
 #include "TestSupport.h"
 
+#include <QDir>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -129,4 +131,50 @@ TEST(HoardCli, RulesPrintsRowsByTableAndKey) {
         EXPECT_EQ(run.status, 1);
         EXPECT_TRUE(run.err.contains(e.expected)) << run.err.toStdString();
     }
+}
+
+TEST(HoardCli, CharacterBuiltFromRaceAndClassesLevelsUpAndShows) {
+    QTemporaryDir user;
+    const QString file = user.path() + "/Tordek.chr";
+    const CliRun made =
+        hoard({"character", "new", "--name", "Tordek", "--race", "Dwarf", "--class", "fighter",
+               "--level", "2", "--class", "Rogue", "--level", "3", "-o", file},
+              user.path());
+    ASSERT_EQ(made.status, 0) << made.err.toStdString();
+    const CliRun up = hoard({"character", "level-up", file, "--class", "Fighter"}, user.path());
+    ASSERT_EQ(up.status, 0) << up.err.toStdString();
+
+    const QJsonObject shown = json(hoard({"character", "show", file, "--json"}, user.path()).out);
+    EXPECT_EQ(shown["race"].toString(), "Dwarf");
+    EXPECT_EQ(shown["level"].toInt(), 6) << "fighter 2 + rogue 3 + one more fighter level";
+    QMap<QString, int> levels;
+    for (const QJsonValue& entry : shown["classes"].toArray())
+        levels[entry.toObject()["name"].toString()] = entry.toObject()["level"].toInt();
+    EXPECT_EQ(levels.value("Fighter"), 3);
+    EXPECT_EQ(levels.value("Rogue"), 3);
+
+    const CliRun wrongClass = hoard({"character", "new", "--name", "X", "--race", "Dwarf",
+                                     "--class", "Figther", "-o", user.path() + "/x.chr"},
+                                    user.path());
+    EXPECT_EQ(wrongClass.status, 1);
+    EXPECT_TRUE(wrongClass.err.contains("unknown class 'Figther'")) << wrongClass.err.toStdString();
+    EXPECT_TRUE(wrongClass.err.contains("Fighter")) << "the closest name is offered";
+}
+
+TEST(HoardCli, ShowNamesTheMissingRace) {
+    QTemporaryDir user;
+    // A user copy of a race, then a character on it, then the copy is gone with no core race
+    // of that name to fall back on.
+    QDir().mkpath(user.path() + "/Races");
+    ASSERT_TRUE(QFile::copy(hoardtest::builtDataDir() + "/Core/Races/Dwarf.rac",
+                            user.path() + "/Races/Stonefolk.rac"));
+    const QString file = user.path() + "/Hero.chr";
+    ASSERT_EQ(hoard({"character", "new", "--name", "Hero", "--race", "Stonefolk", "-o", file},
+                    user.path())
+                  .status,
+              0);
+    ASSERT_TRUE(QFile::remove(user.path() + "/Races/Stonefolk.rac"));
+    const CliRun shown = hoard({"character", "show", file}, user.path());
+    EXPECT_EQ(shown.status, 1);
+    EXPECT_TRUE(shown.err.contains("Stonefolk.rac")) << shown.err.toStdString();
 }
