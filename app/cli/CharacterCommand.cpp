@@ -1,6 +1,7 @@
 #include "CharacterCommand.h"
 
 #include "CliContext.h"
+#include "CliLookup.h"
 #include "DCharHistory.h"
 #include "DCharacter.h"
 #include "DCharacterClass.h"
@@ -23,23 +24,6 @@ namespace {
 // Levels a command line may ask for in one go.
 constexpr int kMaxLevels = 100;
 
-int editDistance(const QString& a, const QString& b) {
-    std::vector<int> row(size_t(b.size()) + 1);
-    for (size_t j = 0; j < row.size(); ++j)
-        row[j] = int(j);
-    for (int i = 1; i <= a.size(); ++i) {
-        int diagonal = row[0];
-        row[0] = i;
-        for (int j = 1; j <= b.size(); ++j) {
-            const int above = row[size_t(j)];
-            row[size_t(j)] = std::min(
-                {above + 1, row[size_t(j) - 1] + 1, diagonal + (a[i - 1] == b[j - 1] ? 0 : 1)});
-            diagonal = above;
-        }
-    }
-    return row.back();
-}
-
 QString className(const QUuid& guid) {
     const DClassInfo* info = DDatabase::GetClassInfoA(guid);
     return info ? QString(info->mName) : guid.toString(QUuid::WithBraces).toUpper();
@@ -54,12 +38,6 @@ QStringList classNames() {
 
 QString levelText(float level) {
     return DHandBook::BuildFractionString(level);
-}
-
-QString unknownName(const char* kind, const QString& name, const QStringList& closest) {
-    return QStringLiteral("unknown %1 '%2'%3")
-        .arg(QString::fromLatin1(kind), name,
-             closest.isEmpty() ? QString() : QStringLiteral("; closest: ") + closest.join(", "));
 }
 
 // A loaded character gets what was added to its race since it was saved.
@@ -112,48 +90,12 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         QStringLiteral("unknown character command '%1' (try: new, show, level-up)").arg(sub));
 }
 
-DFileObject* CharacterCommand::FindRace(const QString& name) {
-    DFileObject* found = nullptr;
-    for (const auto& entry : DObjectManager::GetRaceFileSet()) {
-        if (entry->GetBaseFileName().compare(name, Qt::CaseInsensitive) != 0)
-            continue;
-        if (!found || entry->GetFileObjectType() == kFileUser)
-            found = entry.Get();
-    }
-    return found;
-}
-
 QUuid CharacterCommand::FindClass(const QString& name) {
     for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
         if (static_cast<const DClassInfo*>(info)->mName.compare(name, Qt::CaseInsensitive) == 0)
             return guid;
     }
     return QUuid();
-}
-
-QStringList CharacterCommand::ClosestNames(const QString& name, const QStringList& names,
-                                           int count) {
-    QList<std::pair<int, QString>> ranked;
-    for (const QString& candidate : names) {
-        // A name that contains what was typed is as good as a near miss.
-        const int distance = candidate.contains(name, Qt::CaseInsensitive)
-                                 ? 1
-                                 : editDistance(name.toLower(), candidate.toLower());
-        ranked.append({distance, candidate});
-    }
-    std::sort(ranked.begin(), ranked.end());
-    QStringList closest;
-    for (int i = 0; i < std::min(count, int(ranked.size())); ++i)
-        closest << ranked[i].second;
-    return closest;
-}
-
-QStringList CharacterCommand::RaceNames() {
-    QStringList names;
-    for (const auto& entry : DObjectManager::GetRaceFileSet())
-        names << entry->GetBaseFileName();
-    names.removeDuplicates();
-    return names;
 }
 
 int CharacterCommand::RunNew(CliContext& context, QStringList args) {
@@ -204,21 +146,23 @@ int CharacterCommand::RunNew(CliContext& context, QStringList args) {
     if (!context.StartLibrary())
         return 1;
     const QString raceName = race.isEmpty() ? QStringLiteral("Human") : race;
-    DFileObject* raceEntry = FindRace(raceName);
+    DFileObject* raceEntry = CliLookup::FindRace(raceName);
     if (!raceEntry) {
-        const QStringList known = RaceNames();
+        const QStringList known = CliLookup::RaceNames();
         if (known.isEmpty())
             return CliContext::Fail(
                 QStringLiteral("unknown race '%1' (no races are installed in %2/Core/Races)")
                     .arg(raceName, context.DataDir()));
-        return CliContext::Fail(unknownName("race", raceName, ClosestNames(raceName, known, 3)));
+        return CliContext::Fail(CliLookup::UnknownName(
+            QStringLiteral("race"), raceName, CliLookup::ClosestNames(raceName, known, 3)));
     }
     QList<QUuid> history;
     for (const ClassLevels& wanted : classes) {
         const QUuid guid = FindClass(wanted.name);
         if (guid.isNull())
             return CliContext::Fail(
-                unknownName("class", wanted.name, ClosestNames(wanted.name, classNames(), 3)));
+                CliLookup::UnknownName(QStringLiteral("class"), wanted.name,
+                                       CliLookup::ClosestNames(wanted.name, classNames(), 3)));
         for (int level = 0; level < wanted.levels; ++level)
             history.append(guid);
     }
@@ -284,7 +228,8 @@ int CharacterCommand::RunLevelUp(CliContext& context, QStringList args) {
     const QUuid guid = FindClass(className);
     if (guid.isNull())
         return CliContext::Fail(
-            unknownName("class", className, ClosestNames(className, classNames(), 3)));
+            CliLookup::UnknownName(QStringLiteral("class"), className,
+                                   CliLookup::ClosestNames(className, classNames(), 3)));
     DCharacter* character = loadCharacter(path, error);
     if (!character)
         return CliContext::Fail(error);
@@ -319,25 +264,22 @@ QJsonObject CharacterCommand::Describe(const DCharacter& character) {
     };
 }
 
-void CharacterCommand::PrintCharacter(const DCharacter& character, const QString& file,
-                                      bool json) {
+void CharacterCommand::PrintCharacter(const DCharacter& character, const QString& file, bool json) {
     QJsonObject description = Describe(character);
     description.insert("file", file);
     if (json) {
         CliContext::PrintJson(description);
         return;
     }
-    CliContext::PrintLine(QStringLiteral("%1: %2")
-                              .arg(character.HasInfoFlag(DCharacter::kInfoMonster)
-                                       ? QStringLiteral("Monster")
-                                       : QStringLiteral("Character"),
-                                   character.GetCharacterName()));
+    CliContext::PrintLine(QStringLiteral("%1: %2").arg(
+        character.HasInfoFlag(DCharacter::kInfoMonster) ? QStringLiteral("Monster")
+                                                        : QStringLiteral("Character"),
+        character.GetCharacterName()));
     CliContext::PrintLine(QStringLiteral("Player:     %1").arg(character.GetPlayerName()));
-    CliContext::PrintLine(QStringLiteral("Race:       %1 (%2)")
-                              .arg(description["race"].toString(),
-                                   description["race_file"].toString()));
     CliContext::PrintLine(
-        QStringLiteral("Level:      %1").arg(int(character.GetCharacterLevel())));
+        QStringLiteral("Race:       %1 (%2)")
+            .arg(description["race"].toString(), description["race_file"].toString()));
+    CliContext::PrintLine(QStringLiteral("Level:      %1").arg(int(character.GetCharacterLevel())));
     QStringList classes;
     for (const DCharacterClass* characterClass : character.GetClassList())
         classes << QStringLiteral("%1 %2").arg(className(characterClass->GetClassGuid()),

@@ -17,14 +17,8 @@ public:
     QString Help() const override;
     int Run(CliContext& context, QStringList args) override;
 
-    // The catalogue entry of the race whose file's base name is `name` (any case), user races
-    // before core ones; null if there is none.
-    static DFileObject* FindRace(const QString& name);
-    static QStringList RaceNames();
     // The guid of the class of that name (any case) in the rules database; null if none.
     static QUuid FindClass(const QString& name);
-    // Up to `count` of `names`, nearest to `name` first.
-    static QStringList ClosestNames(const QString& name, const QStringList& names, int count);
     static QJsonObject Describe(const DCharacter& character);
     static void PrintCharacter(const DCharacter& character, const QString& file, bool json);
 

@@ -1,6 +1,7 @@
 #include "RaceCommand.h"
 
 #include "CliContext.h"
+#include "CliLookup.h"
 #include "Connection.h"
 #include "DChosenLanguage.h"
 #include "DChosenSpeed.h"
@@ -102,23 +103,6 @@ QString number(float value) {
 
 QString signedNumber(int value) {
     return value >= 0 ? QStringLiteral("+%1").arg(value) : QString::number(value);
-}
-
-int editDistance(const QString& a, const QString& b) {
-    std::vector<int> row(size_t(b.size()) + 1);
-    for (size_t j = 0; j < row.size(); ++j)
-        row[j] = int(j);
-    for (qsizetype i = 1; i <= a.size(); ++i) {
-        int diagonal = row[0];
-        row[0] = int(i);
-        for (qsizetype j = 1; j <= b.size(); ++j) {
-            const int above = row[size_t(j)];
-            const int cost = a[i - 1] == b[j - 1] ? 0 : 1;
-            row[size_t(j)] = std::min({above + 1, row[size_t(j - 1)] + 1, diagonal + cost});
-            diagonal = above;
-        }
-    }
-    return row.back();
 }
 
 // The race's own type name matches, and so does the word before a qualifier in brackets,
@@ -471,9 +455,9 @@ int RaceCommand::RunShow(CliContext& context, QStringList args) {
     const QString name = args.join(' ').trimmed();
     if (!context.StartLibrary())
         return 1;
-    DFileObject* entry = FindRace(name);
+    DFileObject* entry = CliLookup::FindRace(name);
     if (!entry) {
-        const QStringList closest = ClosestNames(name, 3);
+        const QStringList closest = CliLookup::ClosestNames(name, CliLookup::RaceNames(), 3);
         return CliContext::Fail(
             QStringLiteral("unknown race '%1'%2")
                 .arg(name, closest.isEmpty() ? QStringLiteral(" (no races are installed)")
@@ -491,36 +475,4 @@ int RaceCommand::RunShow(CliContext& context, QStringList args) {
     else
         printRace(json);
     return 0;
-}
-
-DFileObject* RaceCommand::FindRace(const QString& name) {
-    DFileObject* found = nullptr;
-    for (const auto& entry : DObjectManager::GetRaceFileSet()) {
-        if (entry->GetBaseFileName().compare(name, Qt::CaseInsensitive) != 0)
-            continue;
-        if (!found || entry->GetFileObjectType() == kFileUser)
-            found = entry.Get();
-    }
-    return found;
-}
-
-QStringList RaceCommand::ClosestNames(const QString& name, int count) {
-    QList<std::pair<int, QString>> ranked;
-    QStringList seen;
-    for (const auto& entry : DObjectManager::GetRaceFileSet()) {
-        const QString candidate = entry->GetBaseFileName();
-        if (seen.contains(candidate))
-            continue;
-        seen << candidate;
-        // A name that contains what was typed is as good as a near miss.
-        const int distance = candidate.contains(name, Qt::CaseInsensitive)
-                                 ? 1
-                                 : editDistance(name.toLower(), candidate.toLower());
-        ranked.append({distance, candidate});
-    }
-    std::sort(ranked.begin(), ranked.end());
-    QStringList names;
-    for (int i = 0; i < std::min(count, int(ranked.size())); ++i)
-        names << ranked[i].second;
-    return names;
 }

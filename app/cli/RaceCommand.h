@@ -2,7 +2,6 @@
 
 #include "CliCommand.h"
 
-class DFileObject;
 
 // "hoard race list|show": the ready and the user's races.
 class RaceCommand : public CliCommand {
@@ -15,8 +14,4 @@ public:
 private:
     int RunList(CliContext& context, QStringList args);
     int RunShow(CliContext& context, QStringList args);
-    // The entry of that name, the user's file before the core one; null if none.
-    static DFileObject* FindRace(const QString& name);
-    // The known names nearest to `name`, nearest first.
-    static QStringList ClosestNames(const QString& name, int count);
 };

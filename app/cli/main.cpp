@@ -1,12 +1,12 @@
 #include "CharacterCommand.h"
 #include "CliContext.h"
 #include "DbCommand.h"
-#include "RulesCommand.h"
 #include "DemoCommand.h"
 #include "FCRandom.h"
 #include "ObjectsCommand.h"
 #include "RaceCommand.h"
 #include "RollCommand.h"
+#include "RulesCommand.h"
 
 #include <QCoreApplication>
 
@@ -65,6 +65,5 @@ int main(int argc, char* argv[]) {
             return status;
         }
     }
-    return CliContext::Fail(
-        QStringLiteral("unknown command '%1' (see hoard --help)").arg(name));
+    return CliContext::Fail(QStringLiteral("unknown command '%1' (see hoard --help)").arg(name));
 }
