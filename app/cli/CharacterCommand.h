@@ -3,7 +3,6 @@
 #include "CliCommand.h"
 
 class DCharacter;
-class DFileObject;
 class QJsonObject;
 class QUuid;
 

@@ -186,8 +186,7 @@ void DCharRaceBase::RemoveAllAttacks() {
 }
 
 void DCharRaceBase::FindNextAttackId() {
-    while (mAttackMap.Contains(mNextAttackId))
-        ++mNextAttackId;
+    mNextAttackId = mAttackMap.FindFreeKey(mNextAttackId);
 }
 
 DChosenSpeed* DCharRaceBase::GetSpeedPointer(int speedType) const {

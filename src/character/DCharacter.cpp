@@ -513,8 +513,7 @@ int DCharacter::AddChosenItem(DChosenItem* item) {
     // An item owned by a character is no longer part of a treasure.
     item->RemoveItemFlag(0x80);
     mItemMap.SetAt(id, item);
-    while (mItemMap.Contains(mNextItemId))
-        ++mNextItemId;
+    mNextItemId = mItemMap.FindFreeKey(mNextItemId);
     return id;
 }
 

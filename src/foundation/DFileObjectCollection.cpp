@@ -55,6 +55,5 @@ void DFileObjectCollection::Serialize(FCArchive& archive) {
 }
 
 void DFileObjectCollection::AdvanceNextId() {
-    while (mMap.Contains(mNextId))
-        ++mNextId;
+    mNextId = mMap.FindFreeKey(mNextId);
 }

@@ -3,6 +3,7 @@
 #include "FCOwnership.h"
 
 #include <map>
+#include <type_traits>
 
 // Objects by key (int or QUuid). Iteration is in key order.
 template <typename K, typename V> class FCPointerMap {
@@ -22,6 +23,12 @@ public:
         return it == mItems.end() ? nullptr : it->second;
     }
     bool Contains(const K& key) const { return mItems.count(key) > 0; }
+    // The first key from `from` upward that holds nothing: how numbered lists hand out ids.
+    K FindFreeKey(K from) const requires std::is_integral_v<K> {
+        while (Contains(from))
+            ++from;
+        return from;
+    }
 
     // Stores `object` under `key`, dropping what was there before.
     void SetAt(const K& key, V* object) {
