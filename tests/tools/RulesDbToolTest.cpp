@@ -164,6 +164,28 @@ TEST(RulesDbToolTest, RejectsEachKindOfBadSourceAtItsFileAndLine) {
              });
          },
          "tables.txt", at(213), "211 tables listed, expected 212"},
+        {"an indexed table after the extra tables",
+         [](const SourceDir& s) {
+             s.edit("tables.txt",
+                    [](QString text) { return text + QStringLiteral("212\t[types Late]\n"); });
+         },
+         "tables.txt", [](const SourceDir& s) { return s.lineCount("tables.txt"); },
+         "an indexed table after the extra tables"},
+        {"an extra table without a schema",
+         [](const SourceDir& s) {
+             s.edit("tables.txt",
+                    [](QString text) { return text + QStringLiteral("-\t[Table Nowhere]\n"); });
+         },
+         "tables.txt", [](const SourceDir& s) { return s.lineCount("tables.txt"); },
+         "no schema for table [Table Nowhere]"},
+        {"an extra table listed twice",
+         [](const SourceDir& s) {
+             s.edit("tables.txt", [](QString text) {
+                 return text + QStringLiteral("-\t[table 7-7 armor size]\n");
+             });
+         },
+         "tables.txt", [](const SourceDir& s) { return s.lineCount("tables.txt"); },
+         "table [table 7-7 armor size] listed twice"},
         {"a schema table outside the registry",
          [](const SourceDir& s) {
              s.edit("schema/types.sql", [](QString text) {
@@ -279,6 +301,10 @@ TEST(RulesDbToolTest, ResolvesNamesDerivesGuidsAndFillsDefaults) {
     source.writeRows("info Features", "Id\tName\nBonus Feat\tBonus Feat\n");
     source.writeRows("info Class Features", "ClassId\tLevel\tFeatureId\tDataGuid\n"
                                             "Fighter\t1\tBonus Feat\t[info Feat]:Dodge\n");
+    // A table that code does not list, only rows name; it references a listed one by name.
+    source.writeRows("info Size", "Id\tName\tCapMod\tArmorMod\tDimMin\tDimMax\tWtMin\tWtMax\t"
+                                  "CostMod\tWeightMod\n3\tSmall\t0.75\t1\t2\t4\t8\t60\t1\t0.5\n");
+    source.writeRows("Table 7-7 Armor Size", "Min\tMax\tSizeId\n1\t10\tSmall\n");
     const QString output = source.file(QStringLiteral("rules.db"));
     const RulesDbRun result = RulesDbRun::run(source.path(), output);
     ASSERT_EQ(result.exitCode, 0) << result.errorText.toStdString();
@@ -304,6 +330,7 @@ TEST(RulesDbToolTest, ResolvesNamesDerivesGuidsAndFillsDefaults) {
         {"SELECT DataGuid FROM [info Class Features]", dodge},
         {"SELECT Id = Guid FROM [info Features]", 1},
         {"SELECT COUNT(*) FROM [info Spell]", 0},
+        {"SELECT SizeId FROM [Table 7-7 Armor Size] WHERE Min=1", 3},
     };
     for (const Check& check : checks) {
         SCOPED_TRACE(check.statement);

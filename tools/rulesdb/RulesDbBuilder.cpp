@@ -1,6 +1,7 @@
 #include "RulesDbBuilder.h"
 
 #include "BuildError.h"
+#include "PostgresWriter.h"
 #include "RowFile.h"
 #include "RowResolver.h"
 #include "SchemaParser.h"
@@ -68,6 +69,20 @@ void checkReferences(const QList<const TableDef*>& tables) {
 } // namespace
 
 void RulesDbBuilder::build(const QString& sourceDir, const QString& outputPath) const {
+    load(sourceDir,
+         [&outputPath](const QList<RuleTable>& tables, const QList<SchemaParser::Index>& indexes) {
+             SqliteWriter().write(outputPath, tables, indexes);
+         });
+}
+
+void RulesDbBuilder::buildPostgres(const QString& sourceDir, const QString& connectionText) const {
+    load(sourceDir, [&connectionText](const QList<RuleTable>& tables,
+                                      const QList<SchemaParser::Index>& indexes) {
+        PostgresWriter().write(connectionText, tables, indexes);
+    });
+}
+
+void RulesDbBuilder::load(const QString& sourceDir, const Writer& write) const {
     TableRegistry registry;
     registry.parseFile(QDir(sourceDir).filePath(QStringLiteral("tables.txt")));
 
@@ -87,5 +102,5 @@ void RulesDbBuilder::build(const QString& sourceDir, const QString& outputPath) 
     }
     resolver.resolve();
 
-    SqliteWriter().write(outputPath, resolver.tables(), schema.indexes());
+    write(resolver.tables(), schema.indexes());
 }

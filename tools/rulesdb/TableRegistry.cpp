@@ -16,6 +16,7 @@ void TableRegistry::parseFile(const QString& path) {
 void TableRegistry::parseText(const QString& text, const QString& fileName) {
     mFile = fileName;
     mEntries.clear();
+    mIndexed = 0;
     const QStringList lines = text.split(u'\n');
     for (int i = 0; i < lines.size(); ++i)
         addLine(lines[i], i + 1);
@@ -27,11 +28,10 @@ void TableRegistry::parseText(const QString& text, const QString& fileName) {
                              QStringLiteral("table %1 listed twice").arg(entry.name));
         seen.insert(entry.name.toLower());
     }
-    if (mEntries.size() != Count) {
-        const int line = mEntries.isEmpty() ? 1 : mEntries.last().line;
-        throw BuildError(
-            mFile, line,
-            QStringLiteral("%1 tables listed, expected %2").arg(mEntries.size()).arg(Count));
+    if (mIndexed != Count) {
+        const int line = mIndexed == 0 ? 1 : mEntries[mIndexed - 1].line;
+        throw BuildError(mFile, line,
+                         QStringLiteral("%1 tables listed, expected %2").arg(mIndexed).arg(Count));
     }
 }
 
@@ -39,16 +39,25 @@ void TableRegistry::addLine(const QString& line, int lineNumber) {
     const QString trimmed = line.trimmed();
     if (trimmed.isEmpty() || trimmed.startsWith(u'#'))
         return;
-    static const QRegularExpression form(QStringLiteral("^(\\d+)\\s+(\\[[^\\]]+\\])$"));
+    static const QRegularExpression form(QStringLiteral("^(\\d+|-)\\s+(\\[[^\\]]+\\])$"));
     const QRegularExpressionMatch match = form.match(trimmed);
     if (!match.hasMatch())
         throw BuildError(mFile, lineNumber,
                          QStringLiteral("expected an index and a [bracketed] name"));
+    if (match.captured(1) == u'-') {
+        mEntries.append({-1, match.captured(2), lineNumber});
+        return;
+    }
+    // Indexes are positions in code's list, so no extra table may come between them.
+    if (mIndexed != mEntries.size())
+        throw BuildError(mFile, lineNumber,
+                         QStringLiteral("an indexed table after the extra tables"));
     const int index = match.captured(1).toInt();
-    if (index != mEntries.size()) {
+    if (index != mIndexed) {
         throw BuildError(
             mFile, lineNumber,
-            QStringLiteral("index %1 out of order, expected %2").arg(index).arg(mEntries.size()));
+            QStringLiteral("index %1 out of order, expected %2").arg(index).arg(mIndexed));
     }
     mEntries.append({index, match.captured(2), lineNumber});
+    ++mIndexed;
 }

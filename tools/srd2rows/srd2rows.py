@@ -766,16 +766,13 @@ NOT_ARMOR = {'Armor spikes', 'Gauntlet, locked', 'Shield spikes'}
 
 
 def strength_bonus(name, use):
-    """Row of [types Strength Bonus]: how Strength counts on damage."""
-    if 'composite' in name:
-        return 5
-    if name.endswith('bow'):
-        return 4  # a plain bow takes a Strength penalty but no bonus
-    if 'sling' in name.lower() or name in THROWN:
-        return 0
-    if use == 2:
-        return 1
-    return 3 if use in (4, 5) else 0
+    """Row of [types Strength Bonus]: 0 full (two-handed and off-hand grips scale it), 2 a
+    penalty only, 3 none."""
+    if 'crossbow' in name.lower() or use == 5:
+        return 3  # ammunition counts through its launcher
+    if name.endswith('bow') or name.endswith('bow, composite'):
+        return 2  # a composite bow without a rating takes a penalty but no bonus
+    return 0
 
 
 WEAPON_FAMILY = [('bow', 1), ('crossbow', 2), ('dagger', 3), ('sword, short', 3), ('rapier', 3),
@@ -870,11 +867,41 @@ def equipment():
     types = table('types Goods', ['Id', 'Name'])
     for name, i in goods_types.items():
         types.append([i, name])
+    strength = table('types Strength Bonus', ['Id', 'Name'],
+                     'How Strength counts on damage. 0: in full (half in the off hand, one and a half\n'
+                     'two-handed), at most MaxStrBonus when that is 1 or more (mighty bows).')
+    strength += [[0, 'Full'], [2, 'Penalty only'], [3, 'None']]
+    mighty_bows(weapons)
     masterwork = table('info Masterwork Costs', ['Id', 'Name', 'CoinCount', 'CoinType', 'Override'],
                        'Added to an item\'s price for its masterwork form; 0: none.')
     masterwork += [[0, 'None', 0, 2, 0], [1, 'Masterwork weapon', 300, 2, 0],
                    [2, 'Masterwork armor or shield', 150, 2, 0], [3, 'Masterwork tool', 50, 2, 0],
                    [4, 'Masterwork ammunition (each)', 6, 2, 0]]
+
+
+# Composite bows made for a Strength bonus; the price grows by the plain bow's price for each
+# point, as the common ranged weapons table shows.
+MIGHTY_BOWS = {'Shortbow, composite': 2, 'Longbow, composite': 4}
+
+
+def mighty_name(bow, rating):
+    return f'{bow} (+{rating} Str bonus)'
+
+
+def mighty_bows(weapons):
+    """Adds one weapon row per rating; each acts as its plain bow for feats and proficiency."""
+    header = ROWS['info Weapons']['header']
+    header += ['MaxStrBonus', 'ActsAs']
+    for row in weapons:
+        row += [0, '']
+    strength = header.index('StrBonus')
+    for bow, top in MIGHTY_BOWS.items():
+        base = next(r for r in weapons if r[1] == bow)
+        for rating in range(1, top + 1):
+            row = list(base)
+            row[0], row[1], row[2] = '', mighty_name(bow, rating), base[2] * (rating + 1)
+            row[strength], row[-2], row[-1] = 0, rating, bow
+            weapons.append(row)
 
 
 # ---------------------------------------------------------------- smaller tables
@@ -1009,9 +1036,10 @@ ALIASES = {'flail light': 'Flail', 'crossbow repeating': 'Crossbow, repeating li
 
 
 def matcher(table_name):
-    names = {plain(r[1]): r[1] for r in ROWS[table_name]['rows']}
-    names.update({k: v for k, v in ALIASES.items() if any(r[1] == v for r in ROWS[table_name]['rows'])})
-    names.update({plain(r[1]).replace(' ', ''): r[1] for r in ROWS[table_name]['rows']})
+    rows = [r for r in ROWS[table_name]['rows'] if 'Str bonus)' not in r[1]]
+    names = {plain(r[1]): r[1] for r in rows}
+    names.update({k: v for k, v in ALIASES.items() if any(r[1] == v for r in rows)})
+    names.update({plain(r[1]).replace(' ', ''): r[1] for r in rows})
     return lambda text: names.get(plain(text)) or names.get(plain(text).replace(' ', ''))
 
 
@@ -1080,7 +1108,7 @@ SPECIFIC_ITEMS = {
     'Trident of fish command': ('Trident', 1), 'Flame tongue': ('Longsword', 1),
     'Luck blade (0 wishes)': ('Sword, short', 2), 'Sword of subtlety': ('Sword, short', 1),
     'Sword of the planes': ('Longsword', 1), 'Nine lives stealer': ('Longsword', 2),
-    'Sword of life stealing': ('Longsword', 2), 'Oathbow': ('Longbow, composite', 2),
+    'Sword of life stealing': ('Longsword', 2), 'Oathbow': ('Longbow, composite (+2 Str bonus)', 2),
     'Mace of terror': ('Mace, heavy', 2), 'Life-drinker': ('Greataxe', 1),
     'Sylvan scimitar': ('Scimitar', 3), 'Rapier of puncturing': ('Rapier', 2),
     'Sun blade': ('Sword, bastard', 2), 'Frost brand': ('Greatsword', 3),
@@ -1180,15 +1208,16 @@ def magic():
         low, high = bounds(r[0])
         if low is not None:
             kinds.append([low, high, 7 if 'melee' in r[1].lower() else 9 if 'ranged' in r[1].lower() else 8])
-    ranged = table('Table 8-14 Common Ranged Weapons', ['Min', 'Max', 'ItemId', 'IsMasterwork', 'PickAmmunition'],
-                   'Mighty composite bows are listed as their plain kind.')
+    ranged = table('Table 8-14 Common Ranged Weapons', ['Min', 'Max', 'ItemId', 'IsMasterwork', 'PickAmmunition'])
     ammo = table('Table 8-14 Common Ranged Weapons Sub', ['Min', 'Max', 'ItemId', 'IsMasterwork'])
     for r in read_rows(os.path.join(TABLES, MAGIC + '13_common_ranged_weapons.csv'))[1:]:
         low, high = bounds(r[0])
         if low is not None and 'ammunition' in r[1].lower():
             ranged.append([low, high, '', 1, 1])
         elif low is not None and find_weapon(r[1]):
-            ranged.append([low, high, find_weapon(r[1]), 1, 0])
+            rating = num(re.search(r'\(\+(\d) Str bonus\)', r[1]).group(1)) if 'Str bonus' in r[1] else 0
+            bow = find_weapon(r[1])
+            ranged.append([low, high, mighty_name(bow, rating) if rating else bow, 1, 0])
         elif low is None and bounds(r[1])[0] is not None and find_weapon(r[2]):
             ammo.append(list(bounds(r[1])) + [find_weapon(r[2]), 1])
 
@@ -1466,6 +1495,356 @@ def intelligent_and_cursed():
             drawback_rolls.append([low, high, len(drawbacks)])
 
 
+# ---------------------------------------------------------------- specific cursed items
+
+# The magic weapons and armor among the specific cursed items: the item they appear to be.
+CURSED_BASES = {'-2 sword, cursed': ('info Weapons', 'Longsword', -2),
+                'Spear, cursed backbiter': ('info Weapons', 'Shortspear', 2),
+                'Mace of blood': ('info Weapons', 'Mace, heavy', 3),
+                'Net of snaring': ('info Weapons', 'Net', 3),
+                'Sword, berserking': ('info Weapons', 'Greatsword', 2),
+                'Armor of rage': ('info Armor', 'Full plate', 1),
+                'Armor of arrow attraction': ('info Armor', 'Full plate', 3)}
+CURSED_COLUMNS = {'info Weapons': (0, 'WeaponId'), 'info Armor': (1, 'ArmorId'), 'info Potions': (5, 'PotionId'),
+                  'info Rings': (6, 'RingId'), 'info Wondrous Items': (11, 'WondrousId')}
+
+
+def cursed_items():
+    columns = ['WeaponId', 'ArmorId', 'ShieldId', 'PotionId', 'RingId', 'WondrousId']
+    rolls = table('Table 8-39 Specific Cursed Items', ['Min', 'Max', 'Name', 'ItemType'] + columns,
+                  'ItemType: 0 weapon, 1 armor, 5 potion, 6 ring, 11 wondrous item; the item is a row of its\n'
+                  'own, priced as the table prices it (0 where it has no price).')
+    source = MAGIC_VI + '11_specific_cursed_items.csv'
+    for r in read_rows(os.path.join(TABLES, source))[1:]:
+        low, high = bounds(r[0])
+        if low is None:
+            continue
+        name, cost = r[1].strip(), price(r[2])
+        if name in CURSED_BASES:
+            info, base_name, bonus = CURSED_BASES[name]
+            target = ROWS[info]
+            header = target['header']
+            row = list(next(b for b in target['rows'] if b[1] == base_name))
+            row[0], row[1], row[2], row[3] = '', name, cost, 2
+            row[header.index('IsMagic')], row[header.index('MagicBonus')] = 1, bonus
+            row[header.index('CanBeMagic')] = 0
+            target['rows'].append(row)
+            key = name
+        elif name.startswith('Ring of '):
+            info, key = 'info Rings', name[len('Ring of '):].capitalize()
+            ROWS[info]['rows'].append([key, cost])
+        elif name.startswith('Potion of '):
+            info, key = 'info Potions', name[len('Potion of '):].capitalize() + ' (potion)'
+            ROWS[info]['rows'].append([key, cost])
+        else:
+            info, key = 'info Wondrous Items', name
+            ROWS[info]['rows'].append([key, cost, 1])  # no class of their own: the table's default
+        item_type, column = CURSED_COLUMNS[info]
+        cells = ['' for _ in columns]
+        cells[columns.index(column)] = key
+        rolls.append([low, high, name, item_type] + cells)
+
+    categories = table('types Intelligent Categories', ['Id', 'Name'],
+                       'The kinds of intelligent item by their mental scores and what they can do.')
+    source = MAGIC_VI + '02_item_intelligence_wisdom_charisma_and_capabilities.csv'
+    for r in read_rows(os.path.join(TABLES, source))[1:]:
+        if bounds(r[0])[0] is not None:
+            powers = re.sub(r'\d+$', '', r[3].strip())
+            categories.append([len(categories), f'{r[1].strip()}; {powers[:1].lower()}{powers[1:]}'])
+
+
+# ---------------------------------------------------------------- class extras
+
+# A blackguard who was a paladin gains these, from the lowest paladin level of each step.
+FALLEN_PALADIN = [(1, 'Smite good 1/day', 0), (3, 'Lay on hands', 0), (5, 'Sneak attack +1d6', 0),
+                  (7, 'Fiendish servant', 0), (9, 'Turn undead', 0), (11, 'Extra feat', 2)]
+
+
+def class_extras():
+    features = ROWS['info Features']['rows']
+    fallen = table('info Fallen Paladin Features', ['Level', 'FeatureId'],
+                   'Level: the paladin level from which a blackguard who was a paladin gains the feature.\n'
+                   'They stand alone (group 0), apart from the blackguard\'s own steps.')
+    for level, name, ftype in FALLEN_PALADIN:
+        full = f'{name} (Fallen paladin)'
+        features.append(['', full, full, 0, ftype])
+        fallen.append([level, full])
+    bard = table('info Bard Weapon Proficiency', ['Id'], 'The martial weapons of the bard\'s proficiencies.')
+    bard += [[w.strip()] for w in CLASS_WEAPONS['Bard'].split(';')]
+
+
+# ---------------------------------------------------------------- mundane treasure
+
+MUNDANE = 'basic-rules-and-legal__treasure__07_mundane_items.csv'
+# The nested table's sub-tables, each under the d% range of the row that selects it.
+MUNDANE_GROUPS = ['Alchemical item', 'Armor', 'Weapons', 'Tools and gear']
+MUNDANE_WEAPONS = {'masterwork common melee weapon': 7, 'masterwork uncommon weapon': 8,
+                   'masterwork common ranged weapon': 9}
+# Names the mundane table gives differently from the equipment list.
+MUNDANE_GOODS = {'alchemist\'s fire': 'Alchemist\'s fire (flask)', 'acid': 'Acid (flask)',
+                 'smokesticks': 'Smokestick', 'holy water': 'Holy water (flask)',
+                 'antitoxin': 'Antitoxin (vial)', 'everburning torch': 'Everburning torch',
+                 'tanglefoot bags': 'Tanglefoot bag', 'thunderstones': 'Thunderstone',
+                 'backpack, empty': 'Backpack (empty)', 'lock, simple': 'Lock, Very simple',
+                 'lock, average': 'Lock, Average', 'lock, good': 'Lock, Good',
+                 'lock, superior': 'Lock, Amazing'}
+
+
+def mundane_leaves():
+    """The nested mundane items table as (share of 1, row) leaves; a row is
+    [MundaneType, IsMasterwork, DieCount, DieType, WeaponId, ArmorId, ShieldId, GoodsId, SizeTable]."""
+    find_armor, find_shield = matcher('info Armor'), matcher('info Shield')
+    goods = {g[1].lower(): g[1] for g in ROWS['info Goods']['rows']}
+    leaves, outer, inner, sized = [], 0, None, ''
+    for low_high, text in read_rows(os.path.join(TABLES, MUNDANE))[1:]:
+        low, high = bounds(low_high)
+        width = (high - low + 1) / 100
+        label = re.sub(r'\s*\((?:roll|\d[^)]*gp)[^)]*\)$', '', text.strip())
+        if label.split(' (')[0] in MUNDANE_GROUPS:
+            outer, inner, sized = width, None, mundane_sizes(text)
+            continue
+        if label in ('Darkwood', 'Masterwork shield'):
+            inner = (width, label)
+            continue
+        share = outer * width * (inner[0] if inner else 1)
+        masterwork = int(label.lower().startswith('masterwork ') or (inner or (0, ''))[1] == 'Masterwork shield')
+        item = re.sub(r'^masterwork ', '', label, flags=re.I)
+        item = re.sub(r'^(light|heavy) (wooden|steel) shield$', r'Shield, \1 \2', item, flags=re.I)
+        count = re.search(r'\((\d+)d(\d+) ', text)
+        dice = [int(count.group(1)), int(count.group(2))] if count else [1, 1]
+        if label.lower() in MUNDANE_WEAPONS:
+            row = [MUNDANE_WEAPONS[label.lower()], 1, 1, 1, '', '', '', '']
+        elif inner and inner[1] == 'Darkwood':
+            row = [3, 0, 1, 1, '', '', find_shield('Darkwood ' + item), '']
+        elif find_shield(item):
+            row = [3, masterwork, 1, 1, '', '', find_shield(item), '']
+        elif find_armor(item):
+            row = [2, masterwork, 1, 1, '', find_armor(item), '', '']
+        else:
+            name = MUNDANE_GOODS.get(label.split(' (')[0].lower(), label)
+            row = [4, 0] + dice + ['', '', '', goods[name.lower()]]
+        leaves.append((share, row + [sized]))
+    return leaves
+
+
+def mundane_sizes(text):
+    """The size roll a group of the mundane table gives in words, as [Table 7-7 Armor Size];
+    the name of that table, or '' for a group without one."""
+    rolls = re.findall(r'(\d+)-(\d+) = (\w+)', text)
+    if not rolls:
+        return ''
+    sizes = table('Table 7-7 Armor Size', ['Min', 'Max', 'SizeId'],
+                  'The size of armor and shields in a mundane treasure.')
+    sizes += [[int(low), int(high), size] for low, high, size in rolls]
+    return '[Table 7-7 Armor Size]'
+
+
+def whole_percents(shares):
+    """Whole percents for shares of 1 (largest remainder), every share keeping at least 1."""
+    exact = [s * 100 for s in shares]
+    counts = [int(e) for e in exact]
+    order = sorted(range(len(exact)), key=lambda i: exact[i] - counts[i], reverse=True)
+    for i in order[:100 - sum(counts)]:
+        counts[i] += 1
+    for i in [i for i, c in enumerate(counts) if c == 0]:
+        donor = max((j for j in range(len(counts)) if counts[j] > 1), key=lambda j: counts[j] - exact[j])
+        counts[donor] -= 1
+        counts[i] = 1
+    return counts
+
+
+def mundane_items():
+    leaves = mundane_leaves()
+    assert abs(sum(p for p, _ in leaves) - 1) < 1e-9
+    rows = table('Table 7-7 Mundane Items',
+                 ['Min', 'Max', 'MundaneType', 'IsMasterwork', 'DieCount', 'DieType', 'WeaponId', 'ArmorId',
+                  'ShieldId', 'GoodsId', 'SizeTable'],
+                 'The open rules nest sub-tables under this one (alchemical items, armor, shields,\n'
+                 'weapons, tools); one d% roll here stands for the nested rolls, each item holding its\n'
+                 'share in whole percents (every item at least 1). Count: DieCount dice of DieType.\n'
+                 'SizeTable: the table that rolls the size of the item, if any.')
+    low = 1
+    for count, (_, row) in zip(whole_percents([p for p, _ in leaves]), leaves):
+        rows.append([low, low + count - 1] + row)
+        low += count
+    # Mighty composite bows by rating, each rating as likely as the others, as in the common
+    # ranged weapons table.
+    for name, bow in (('Table 7-8 Random Mighty Composite Shortbow', 'Shortbow, composite'),
+                      ('Table 7-9 Random Mighty Composite Longbow', 'Longbow, composite')):
+        bows = table(name, ['Min', 'Max', 'ItemId', 'IsMasterwork'])
+        top = MIGHTY_BOWS[bow]
+        for rating in range(1, top + 1):
+            bows.append([(rating - 1) * 100 // top + 1, rating * 100 // top, mighty_name(bow, rating), 0])
+
+
+# ---------------------------------------------------------------- magic item bonuses
+
+# Stacking classes (BonusType) and what a bonus changes (ModifyType), as the rules code reads them.
+ARMOR_BONUS, COMPETENCE, DEFLECTION, ENHANCEMENT, INHERENT, INSIGHT, LUCK, NATURAL, RESISTANCE = \
+    1, 3, 4, 6, 8, 9, 10, 12, 14
+ON_SKILL, ON_AC, ON_ABILITY, ON_SAVES, ON_INITIATIVE, ON_ABILITY_SKILLS, ON_ALL_SKILLS, ON_ATTACK = \
+    0, 1, 2, 4, 5, 6, 7, 8
+BONUS_HEADER = ['Id', 'BonusType', 'Bonus', 'ModifyType', 'SkillId', 'AbilityType']
+BONUS_COMMENT = ('BonusType: the stacking class (1 armor, 3 competence, 4 deflection, 6 enhancement,\n'
+                 '8 inherent, 9 insight, 10 luck, 12 natural armor, 14 resistance). ModifyType: 0 the skill\n'
+                 'SkillId, 1 armor class, 2 the ability AbilityType, 4 saves, 5 initiative, 6 skills keyed to\n'
+                 'AbilityType, 7 all skills, 8 attack.')
+
+# Items whose bonus the name tells: pattern, stacking class, what it changes, ability.
+NAMED_BONUSES = [
+    (r'Amulet of natural armor \+(\d)', NATURAL, ON_AC, -1),
+    (r'Bracers of armor \+(\d)', ARMOR_BONUS, ON_AC, -1),
+    (r'Cloak of resistance \+(\d)', RESISTANCE, ON_SAVES, -1),
+    (r'Protection \+(\d)', DEFLECTION, ON_AC, -1),
+    (r'Belt of giant Strength \+(\d)', ENHANCEMENT, ON_ABILITY, 0),
+    (r'Gloves of Dexterity \+(\d)', ENHANCEMENT, ON_ABILITY, 1),
+    (r'Amulet of health \+(\d)', ENHANCEMENT, ON_ABILITY, 2),
+    (r'Headband of intellect \+(\d)', ENHANCEMENT, ON_ABILITY, 3),
+    (r'Periapt of Wisdom \+(\d)', ENHANCEMENT, ON_ABILITY, 4),
+    (r'Cloak of Charisma \+(\d)', ENHANCEMENT, ON_ABILITY, 5),
+    (r'Manual of gainful exercise \+(\d)', INHERENT, ON_ABILITY, 0),
+    (r'Manual of quickness in action \+(\d)', INHERENT, ON_ABILITY, 1),
+    (r'Manual of bodily health \+(\d)', INHERENT, ON_ABILITY, 2),
+    (r'Tome of clear thought \+(\d)', INHERENT, ON_ABILITY, 3),
+    (r'Tome of understanding \+(\d)', INHERENT, ON_ABILITY, 4),
+    (r'Tome of leadership and influence \+(\d)', INHERENT, ON_ABILITY, 5),
+]
+# Bonuses that only the item's rules tell: item, [(class, bonus, changes, skill, ability)].
+TOLD_BONUSES = {
+    'info Wondrous Items': {
+        'Gauntlets of ogre power': [(ENHANCEMENT, 2, ON_ABILITY, '', 0)],
+        'Boots of elvenkind': [(COMPETENCE, 5, ON_SKILL, 'Move Silently', -1)],
+        'Cloak of elvenkind': [(COMPETENCE, 5, ON_SKILL, 'Hide', -1)],
+        'Eyes of the eagle': [(COMPETENCE, 5, ON_SKILL, 'Spot', -1)],
+        'Lens of detection': [(COMPETENCE, 5, ON_SKILL, 'Search', -1)],
+        'Boots of striding and springing': [(COMPETENCE, 5, ON_SKILL, 'Jump', -1)],
+        'Gloves of swimming and climbing': [(COMPETENCE, 5, ON_SKILL, 'Swim', -1),
+                                            (COMPETENCE, 5, ON_SKILL, 'Climb', -1)],
+        'Circlet of persuasion': [(COMPETENCE, 3, ON_ABILITY_SKILLS, '', 5)],
+        'Stone of good luck (luckstone)': [(LUCK, 1, ON_SAVES, '', -1), (LUCK, 1, ON_ALL_SKILLS, '', -1)],
+        'Robe of the archmagi': [(ARMOR_BONUS, 5, ON_AC, '', -1), (RESISTANCE, 4, ON_SAVES, '', -1)],
+    },
+    'info Rings': {
+        'Climbing': [(COMPETENCE, 5, ON_SKILL, 'Climb', -1)],
+        'Climbing, improved': [(COMPETENCE, 10, ON_SKILL, 'Climb', -1)],
+        'Jumping': [(COMPETENCE, 5, ON_SKILL, 'Jump', -1)],
+        'Jumping, improved': [(COMPETENCE, 10, ON_SKILL, 'Jump', -1)],
+        'Swimming': [(COMPETENCE, 5, ON_SKILL, 'Swim', -1)],
+        'Swimming, improved': [(COMPETENCE, 10, ON_SKILL, 'Swim', -1)],
+        'Chameleon power': [(COMPETENCE, 10, ON_SKILL, 'Hide', -1)],
+    },
+    'info Rods': {'Alertness': [(INSIGHT, 1, ON_INITIATIVE, '', -1)]},
+    'info Staffs': {'Power': [(LUCK, 2, ON_AC, '', -1), (LUCK, 2, ON_SAVES, '', -1)]},
+    'info Armor': {'Breastplate of command': [(COMPETENCE, 2, ON_ABILITY_SKILLS, '', 5)]},
+}
+# Armor special abilities that add to a skill: ability stem, skill; plain +5, improved +10,
+# greater +15.
+SKILL_ABILITIES = {'Slick': 'Escape Artist', 'Shadow': 'Hide', 'Silent moves': 'Move Silently'}
+STEP_BONUS = {'': 5, 'improved': 10, 'greater': 15}
+ABILITY_NAMES = {'strength': 0, 'dexterity': 1, 'constitution': 2, 'intelligence': 3, 'wisdom': 4,
+                 'charisma': 5}
+BONUS_WORDS = {'insight': INSIGHT, 'enhancement': ENHANCEMENT, 'competence': COMPETENCE}
+
+
+def ioun_bonuses():
+    """Ioun stone bonuses, read from the stones' effect table."""
+    out = {}
+    source = MAGIC_V + '13_wondrous_item_descriptions.csv'
+    for r in read_rows(os.path.join(TABLES, source))[1:]:
+        if len(r) < 3:
+            continue
+        m = re.match(r'\+(\d+) (\w+) bonus (?:to|on) (.+)$', r[2].strip())
+        if not m:
+            continue
+        bonus, kind, what = int(m.group(1)), BONUS_WORDS[m.group(2)], m.group(3).lower()
+        if what == 'ac':
+            rows = [(kind, bonus, ON_AC, '', -1)]
+        elif what in ABILITY_NAMES:
+            rows = [(kind, bonus, ON_ABILITY, '', ABILITY_NAMES[what])]
+        else:  # attack rolls, saves, skill checks, and ability checks
+            rows = [(kind, bonus, ON_ATTACK, '', -1), (kind, bonus, ON_SAVES, '', -1),
+                    (kind, bonus, ON_ALL_SKILLS, '', -1)]
+        out[f'Ioun stone, {r[0].strip().lower()} {r[1].strip().lower()}'] = rows
+    return out
+
+
+def item_bonuses():
+    told = dict(TOLD_BONUSES)
+    told['info Wondrous Items'] = {**told['info Wondrous Items'], **ioun_bonuses()}
+    for info, name in (('info Wondrous Items', 'info Wondrous Bonuses'), ('info Rings', 'info Ring Bonuses'),
+                       ('info Rods', 'info Rod Bonuses'), ('info Staffs', 'info Staff Bonuses'),
+                       ('info Armor', 'info Armor Bonuses')):
+        rows = table(name, BONUS_HEADER, BONUS_COMMENT)
+        column = 1 if info == 'info Armor' else 0
+        for item in (r[column] for r in ROWS[info]['rows']):
+            for pattern, kind, changes, ability in NAMED_BONUSES:
+                m = re.fullmatch(pattern, item)
+                if m:
+                    rows.append([item, kind, int(m.group(1)), changes, '', ability])
+            for kind, bonus, changes, skill, ability in told.get(info, {}).get(item, []):
+                rows.append([item, kind, bonus, changes, skill, ability])
+        missing = set(told.get(info, {})) - {r[0] for r in rows}
+        assert not missing, (name, missing)
+
+    special = table('info Armor Shield Special Bonuses', BONUS_HEADER, BONUS_COMMENT)
+    for ability_id, ability, *_ in ROWS['Table 8-6 and 8-7 Special Abilities']['rows']:
+        stem, _, step = ability.partition(', ')
+        if stem in SKILL_ABILITIES and step in STEP_BONUS:
+            special.append([ability_id, COMPETENCE, STEP_BONUS[step], ON_SKILL, SKILL_ABILITIES[stem], -1])
+
+    weapons = table('info Weapon Bonuses', BONUS_HEADER, BONUS_COMMENT)
+    for name in (r[1] for r in ROWS['info Weapons']['rows'] if r[1].startswith('Luck blade')):
+        weapons.append([name, LUCK, 1, ON_SAVES, '', -1])
+    damage = table('info Weapon Bonuses Damage', ['Id', 'DieType', 'Bonus', 'Name'],
+                   'Extra damage of a specific weapon: Bonus dice of DieType sides.')
+    damage += [['Flame tongue', 6, 1, 'fire'], ['Frost brand', 6, 1, 'cold']]
+
+    abilities = table('info Intelligent Abilities Bonuses', BONUS_HEADER,
+                      BONUS_COMMENT + '\nAn intelligent item\'s ranks in a skill count as a bonus for its wielder.')
+    skills = {r[2].lower(): r[2] for r in ROWS['info Skill']['rows']}
+    for ability_id, text in ROWS['types Intelligent Item Abilities']['rows']:
+        m = re.match(r'Item has (\d+) ranks in (.+)$', text)
+        if m and m.group(2).lower() in skills:
+            abilities.append([ability_id, COMPETENCE, int(m.group(1)), ON_SKILL, skills[m.group(2).lower()], -1])
+    powers = table('info Intelligent Purpose Powers Bonuses', BONUS_HEADER, BONUS_COMMENT)
+    for power_id, text in ROWS['types Intelligent Item Special Purpose Powers']['rows']:
+        m = re.match(r'Wielder gets \+(\d+) luck bonus on attacks, saves, and checks', text)
+        if m:
+            for changes in (ON_ATTACK, ON_SAVES, ON_ALL_SKILLS):
+                powers.append([power_id, LUCK, int(m.group(1)), changes, '', -1])
+
+
+# ---------------------------------------------------------------- wondrous sub-items
+
+def wondrous_subs():
+    """The kinds, contents or results that some wondrous items choose among, by roll order."""
+    rows = table('info Wondrous Items Sub', ['Id', 'SubId', 'Name', 'CoinCount'],
+                 'SubId: the order of the item\'s own roll or list; CoinCount: a price of its own, if any.')
+
+    def source(number):
+        return read_rows(os.path.join(TABLES, MAGIC_V + f'{number:02d}_wondrous_item_descriptions.csv'))
+
+    def add(item, names):
+        kept = []
+        for name in (re.split(r'\s*—', n.strip())[0][:99] for n in names):
+            name += ')' * (name.count('(') - name.count(')'))
+            if not kept or kept[-1] != name:
+                kept.append(name)
+        for i, name in enumerate(kept, 1):
+            rows.append([item, i, name, 0])
+
+    bags = source(6)
+    for column, colour in ((1, 'gray'), (3, 'rust'), (5, 'tan')):
+        add(f'Bag of tricks, {colour}', [r[column] for r in bags[2:] if len(r) > column and r[column].strip()])
+    add('Deck of illusions', [f'{r[0].strip()} ({r[1].strip()}): {r[2].strip()}' for r in source(11)[1:]
+                              if len(r) > 2 and r[0] != 'Playing Card'])
+    add('Horn of Valhalla', [r[1] for r in source(12)[1:]])
+    flask = source(14)[1:]
+    add('Iron flask', [r[1] for r in flask] + [r[3] for r in flask if len(r) > 3 and r[3].strip()])
+    add('Robe of useful items', [r[1] for r in source(16)[1:] if len(r) > 1])
+    add('Cube of force', [f'Face {r[0].strip()}: {r[3].strip()}' for r in source(9)[1:] if len(r) > 3])
+
+
 def main():
     skill_names = skills()
     synergies()
@@ -1489,6 +1868,11 @@ def main():
     specific_items()
     magic_items()
     intelligent_and_cursed()
+    cursed_items()
+    class_extras()
+    mundane_items()
+    item_bonuses()
+    wondrous_subs()
     write_all()
     print(f'{len(class_names)} classes, {len(feat_names)} feats, {untold} prerequisites kept as text only',
           file=sys.stderr)

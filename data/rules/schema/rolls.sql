@@ -80,6 +80,13 @@ CREATE TABLE [Table 7-7 Mundane Items] (
     SizeTable VARCHAR(100)
 );
 
+-- The size of mundane armor in a treasure, named by SizeTable in [Table 7-7 Mundane Items].
+CREATE TABLE [Table 7-7 Armor Size] (
+    Min INTEGER NOT NULL PRIMARY KEY,
+    Max INTEGER NOT NULL,
+    SizeId INTEGER NOT NULL REFERENCES [info Size] (Id)
+);
+
 CREATE TABLE [Table 7-8 Random Mighty Composite Shortbow] (
     Min INTEGER NOT NULL PRIMARY KEY,
     Max INTEGER NOT NULL,
