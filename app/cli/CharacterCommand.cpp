@@ -1,5 +1,7 @@
 #include "CharacterCommand.h"
 
+#include "CharacterAbility.h"
+#include "CharacterSkills.h"
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "DCharHistory.h"
@@ -17,6 +19,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <cstdio>
 #include <vector>
 
 namespace {
@@ -40,8 +43,9 @@ QString levelText(float level) {
     return DHandBook::BuildFractionString(level);
 }
 
-// A loaded character gets what was added to its race since it was saved.
-DCharacter* loadCharacter(const QString& path, QString& error) {
+} // namespace
+
+DCharacter* CharacterCommand::LoadCharacter(const QString& path, QString& error) {
     DCharacter* character = DCharacter::CreateFromFile(FCString(path), false, nullptr);
     if (!character) {
         error = QStringLiteral("%1 is not a readable character file").arg(path);
@@ -57,21 +61,30 @@ DCharacter* loadCharacter(const QString& path, QString& error) {
     return character;
 }
 
-} // namespace
-
 QString CharacterCommand::Help() const {
     return QStringLiteral(
         "Usage:\n"
         "  hoard character new --name NAME [--player NAME] [--race RACE]\n"
-        "                      [--class CLASS [--level N]]... -o FILE.chr\n"
+        "                      [--class CLASS [--level N]]... [--hp average|roll] -o FILE.chr\n"
         "  hoard character show FILE.chr [--json]\n"
-        "  hoard character level-up FILE.chr --class CLASS [--json]\n\n"
+        "  hoard character level-up FILE.chr --class CLASS [--json]\n"
+        "  hoard character set-ability FILE.chr ABILITY VALUE [--json]\n"
+        "  hoard character add-skill FILE.chr SKILL RANKS [--json]\n"
+        "  hoard character add-feat FILE.chr FEAT [--target T] [--json]\n\n"
         "new       makes a character of the named race (a race file's name, as `hoard race list`\n"
         "          shows; Human when none is given) with N levels of each CLASS in the order\n"
         "          given (N is 1 when left out), and saves it to FILE.chr. Without --class it\n"
-        "          is the race alone: a monster of the race's hit dice.\n"
+        "          is the race alone: a monster of the race's hit dice. The first class level\n"
+        "          has the full hit die; --hp average (the default) or roll picks the others.\n"
         "show      reads a character file and prints what it holds.\n"
         "level-up  adds one level of CLASS to the character and saves it back.\n"
+        "set-ability\n"
+        "          gives ABILITY (STR, DEX, CON, INT, WIS, CHA or the full name) the rolled\n"
+        "          score VALUE (1 to 99, before race adjustments) and saves it back.\n"
+        "add-skill buys RANKS (whole, or halves for a cross-class skill) of SKILL with the\n"
+        "          points of the last class taken; a sub-skill is named \"Knowledge (Arcana)\".\n"
+        "add-feat  takes FEAT, with --target naming the weapon, skill or school it is for,\n"
+        "          from a class's bonus feats when it may, else from the feat points.\n"
         "Classes are named as in the rules database, in any case.\n");
 }
 
@@ -86,6 +99,12 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return RunShow(context, args);
     if (sub == "level-up")
         return RunLevelUp(context, args);
+    if (sub == "set-ability")
+        return CharacterAbility::RunSetAbility(context, args);
+    if (sub == "add-skill")
+        return CharacterSkills::RunAddSkill(context, args);
+    if (sub == "add-feat")
+        return CharacterSkills::RunAddFeat(context, args);
     return CliContext::Fail(
         QStringLiteral("unknown character command '%1' (try: new, show, level-up)").arg(sub));
 }
@@ -129,11 +148,16 @@ int CharacterCommand::RunNew(CliContext& context, QStringList args) {
                     .arg(kMaxLevels)
                     .arg(value));
     }
-    QString name, player, race, output;
+    QString name, player, race, output, hitPoints;
     if (!TakeOption(args, "--name", name) || !TakeOption(args, "--player", player) ||
         !TakeOption(args, "--race", race) || !TakeOption(args, "-o", output) ||
-        !TakeOption(args, "--output", output))
+        !TakeOption(args, "--output", output) || !TakeOption(args, "--hp", hitPoints))
         return CliContext::Fail(QStringLiteral("an option is missing its value (see --help)"));
+    // The first class level always has the full die; the later ones are averaged or rolled.
+    const bool rollHitPoints = hitPoints == "roll";
+    if (!hitPoints.isEmpty() && hitPoints != "average" && !rollHitPoints)
+        return CliContext::Fail(
+            QStringLiteral("--hp takes average or roll, not '%1'").arg(hitPoints));
     QString error;
     if (!RejectUnknownOptions(args, error))
         return CliContext::Fail(error);
@@ -179,6 +203,14 @@ int CharacterCommand::RunNew(CliContext& context, QStringList args) {
     for (const QUuid& guid : history)
         character.AddHistory(guid, 1.0f);
     DHandBook::CharacterSetup(&character, true);
+    if (rollHitPoints) {
+        // As the roll dialog does: every die but the first class level's is rolled anew.
+        character.AdjustCharacterRefereeStat(1, 1);
+        character.SetCharacterStat(kStatBaseHitPoints,
+                                   DHandBook::RollForBaseHitPoints(&character, false, 0, 0));
+        DHandBook::SetCharacterHitPoints(&character, DHandBook::ComputeTotalHitPoints(&character),
+                                         false);
+    }
     if (!character.SaveToFile(FCString(QFileInfo(output).absoluteFilePath())))
         return CliContext::Fail(QStringLiteral("cannot write %1").arg(output));
     DObjectManager::HandleCharacterSave(FCString(output));
@@ -201,7 +233,7 @@ int CharacterCommand::RunShow(CliContext& context, QStringList args) {
         return CliContext::Fail(QStringLiteral("no such file: %1").arg(args.first()));
     if (!context.StartLibrary())
         return 1;
-    DCharacter* character = loadCharacter(path, error);
+    DCharacter* character = LoadCharacter(path, error);
     if (!character)
         return CliContext::Fail(error);
     PrintCharacter(*character, path, context.WantsJson());
@@ -230,7 +262,7 @@ int CharacterCommand::RunLevelUp(CliContext& context, QStringList args) {
         return CliContext::Fail(
             CliLookup::UnknownName(QStringLiteral("class"), className,
                                    CliLookup::ClosestNames(className, classNames(), 3)));
-    DCharacter* character = loadCharacter(path, error);
+    DCharacter* character = LoadCharacter(path, error);
     if (!character)
         return CliContext::Fail(error);
     const bool added = DHandBook::AddCharacterLevel(character, guid, false);
@@ -245,13 +277,125 @@ int CharacterCommand::RunLevelUp(CliContext& context, QStringList args) {
     return saved ? 0 : CliContext::Fail(QStringLiteral("cannot write %1").arg(path));
 }
 
+namespace {
+
+constexpr int kGoldCoin = 2;
+
+struct CombatBlock {
+    DACValues ac;
+    int touch = 0;
+    int flatFooted = 0;
+    int grapple = 0;
+};
+
+CombatBlock combatBlock(const DCharacter& character) {
+    // The engine's read operations take a character they do not change.
+    auto* engineCharacter = const_cast<DCharacter*>(&character);
+    CombatBlock block;
+    DHandBook::GetArmorClassValues(engineCharacter, block.ac);
+    block.touch = DHandBook::GetTouchArmorClass(engineCharacter);
+    block.flatFooted = DHandBook::GetFlatFootedArmorClass(engineCharacter);
+    block.grapple = DHandBook::ComputeGrapple(engineCharacter);
+    return block;
+}
+
+// Classes of the history without a rule row: they were set up as counting 0.
+QStringList missingClassRows(const DCharacter& character) {
+    QStringList missing;
+    for (const DCharHistory* entry : character.GetHistoryArray()) {
+        const QString row = QStringLiteral("[info Class] %1")
+                                .arg(entry->GetClassGuid().toString(QUuid::WithBraces).toUpper());
+        if (!DDatabase::GetClassInfoA(entry->GetClassGuid()) && !missing.contains(row))
+            missing << row;
+    }
+    return missing;
+}
+
+QJsonValue abilityValue(const DCharacter& character, DAbilityStatType ability) {
+    return character.IsNullAbility(ability) ? QJsonValue() : character.GetAbilityStat(ability);
+}
+
+void addCombatBlock(const DCharacter& character, QJsonObject& description) {
+    const CombatBlock block = combatBlock(character);
+    description.insert("abilities",
+                       QJsonObject{{"str", abilityValue(character, kAbilityStrength)},
+                                   {"dex", abilityValue(character, kAbilityDexterity)},
+                                   {"con", abilityValue(character, kAbilityConstitution)},
+                                   {"int", abilityValue(character, kAbilityIntelligence)},
+                                   {"wis", abilityValue(character, kAbilityWisdom)},
+                                   {"cha", abilityValue(character, kAbilityCharisma)}});
+    description.insert("hp", character.GetCharacterStat(kStatHitPoints));
+    description.insert("ac", block.ac.Total());
+    description.insert("ac_touch", block.touch);
+    description.insert("ac_flat_footed", block.flatFooted);
+    description.insert("initiative", character.GetCharacterStat(kStatInitiative));
+    description.insert("base_attack", character.GetCharacterStat(kStatBaseAttack));
+    description.insert("grapple", block.grapple);
+    description.insert("fortitude", character.GetCharacterStat(kStatFortitude));
+    description.insert("reflex", character.GetCharacterStat(kStatReflex));
+    description.insert("will", character.GetCharacterStat(kStatWill));
+    description.insert("age", character.GetCharacterStat(kStatAge));
+    description.insert("height", character.GetCharacterStat(kStatHeight));
+    description.insert("weight", character.GetCharacterStat(kStatWeight));
+    description.insert("xp", character.GetCharacterStat(kStatExperience));
+    description.insert("gold", character.GetCurrency().GetAmount(kGoldCoin));
+    description.insert("missing_rows", QJsonArray::fromStringList(missingClassRows(character)));
+}
+
+QString signedNumber(int value) {
+    return value < 0 ? QString::number(value) : QStringLiteral("+%1").arg(value);
+}
+
+QString abilityText(const QJsonValue& score) {
+    if (score.isNull())
+        return QStringLiteral("-");
+    return QStringLiteral("%1 (%2)")
+        .arg(score.toInt())
+        .arg(signedNumber(DHandBook::GetAbilityModifier(score.toInt())));
+}
+
+void printCombatBlock(const QJsonObject& description) {
+    const QJsonObject abilities = description["abilities"].toObject();
+    QStringList scores;
+    for (const char* key : {"str", "dex", "con", "int", "wis", "cha"})
+        scores << QStringLiteral("%1 %2").arg(QString::fromLatin1(key).toUpper(),
+                                              abilityText(abilities[key]));
+    CliContext::PrintLine(QStringLiteral("Abilities:  %1").arg(scores.join(", ")));
+    CliContext::PrintLine(QStringLiteral("HP:         %1").arg(description["hp"].toInt()));
+    CliContext::PrintLine(QStringLiteral("AC:         %1, touch %2, flat-footed %3")
+                              .arg(description["ac"].toInt())
+                              .arg(description["ac_touch"].toInt())
+                              .arg(description["ac_flat_footed"].toInt()));
+    CliContext::PrintLine(
+        QStringLiteral("Initiative: %1").arg(signedNumber(description["initiative"].toInt())));
+    CliContext::PrintLine(QStringLiteral("Base attack: %1, grapple %2")
+                              .arg(signedNumber(description["base_attack"].toInt()),
+                                   signedNumber(description["grapple"].toInt())));
+    CliContext::PrintLine(QStringLiteral("Saves:      Fort %1, Ref %2, Will %3")
+                              .arg(signedNumber(description["fortitude"].toInt()),
+                                   signedNumber(description["reflex"].toInt()),
+                                   signedNumber(description["will"].toInt())));
+    // Races keep height in inches and weight in pounds.
+    const int height = description["height"].toInt();
+    CliContext::PrintLine(QStringLiteral("Age:        %1 years, height %2' %3\", weight %4 lb.")
+                              .arg(description["age"].toInt())
+                              .arg(height / 12)
+                              .arg(height % 12)
+                              .arg(description["weight"].toInt()));
+    CliContext::PrintLine(QStringLiteral("XP:         %1, gold %2")
+                              .arg(description["xp"].toInt())
+                              .arg(description["gold"].toInt()));
+}
+
+} // namespace
+
 QJsonObject CharacterCommand::Describe(const DCharacter& character) {
     const DRace* race = character.GetRace();
     QJsonArray classes;
     for (const DCharacterClass* characterClass : character.GetClassList())
         classes.append(QJsonObject{{"name", className(characterClass->GetClassGuid())},
                                    {"level", double(characterClass->GetLevel())}});
-    return QJsonObject{
+    QJsonObject description{
         {"classes", classes},
         {"name", character.GetCharacterName()},
         {"player", character.GetPlayerName()},
@@ -262,11 +406,18 @@ QJsonObject CharacterCommand::Describe(const DCharacter& character) {
         {"alignment_id", character.GetAlignmentId()},
         {"monster", character.HasInfoFlag(DCharacter::kInfoMonster)},
     };
+    addCombatBlock(character, description);
+    CharacterSkills::Describe(character, description);
+    return description;
 }
 
 void CharacterCommand::PrintCharacter(const DCharacter& character, const QString& file, bool json) {
     QJsonObject description = Describe(character);
     description.insert("file", file);
+    // Set up with what exists; the user learns which rows its numbers lack.
+    for (const QJsonValue row : description["missing_rows"].toArray())
+        std::fprintf(stderr, "hoard: no rule row %s: its levels count 0\n",
+                     qUtf8Printable(row.toString()));
     if (json) {
         CliContext::PrintJson(description);
         return;
@@ -297,5 +448,7 @@ void CharacterCommand::PrintCharacter(const DCharacter& character, const QString
         history << step;
     }
     CliContext::PrintLine(QStringLiteral("History:    %1").arg(history.join(", ")));
+    printCombatBlock(description);
+    CharacterSkills::Print(character);
     CliContext::PrintLine(QStringLiteral("File:       %1").arg(file));
 }

@@ -18,6 +18,9 @@ public:
 
     // The guid of the class of that name (any case) in the rules database; null if none.
     static QUuid FindClass(const QString& name);
+    // Reads a character file and brings in what was added to its race since it was saved. Null
+    // with `error` set when it cannot.
+    static DCharacter* LoadCharacter(const QString& path, QString& error);
     static QJsonObject Describe(const DCharacter& character);
     static void PrintCharacter(const DCharacter& character, const QString& file, bool json);
 

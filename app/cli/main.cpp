@@ -1,8 +1,10 @@
+#include "AbilitiesCommand.h"
 #include "CharacterCommand.h"
 #include "CliContext.h"
 #include "DbCommand.h"
 #include "DemoCommand.h"
 #include "FCRandom.h"
+#include "FeatsCommand.h"
 #include "ObjectsCommand.h"
 #include "RaceCommand.h"
 #include "RollCommand.h"
@@ -22,8 +24,10 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<RulesCommand>());
     commands.push_back(std::make_unique<CharacterCommand>());
     commands.push_back(std::make_unique<RaceCommand>());
+    commands.push_back(std::make_unique<FeatsCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
+    commands.push_back(std::make_unique<AbilitiesCommand>());
     return commands;
 }
 

@@ -51,6 +51,8 @@ public:
     int GetFeatCount(const QUuid& feat, const QUuid& target = QUuid(),
                      const QUuid& subTarget = QUuid()) const;
     int GetFeatTypeCount(int featType) const;
+    // The feat equal to `feat` in the set's order (feat, class, targets and flags), or null.
+    DChosenFeat* GetFeatPointer(const DChosenFeat& feat) const { return mFeatSet.Find(feat); }
     bool AddFeat(DChosenFeat* feat) { return mFeatSet.Add(feat); }
     bool RemoveFeat(DChosenFeat* feat);
     void RemoveAllFeats() { mFeatSet.RemoveAll(); }

@@ -22,7 +22,7 @@ FC_IMPLEMENT_CLASS(DCharacter, "DCharRaceBase", nullptr)
 
 namespace {
 constexpr int kPackedBits = 5;
-constexpr int kPackedEntries = 5;
+constexpr int kPackedEntries = DCharacter::kAbilitySlotCount;
 constexpr int kPackedMask = (1 << kPackedBits) - 1;
 } // namespace
 
@@ -40,7 +40,9 @@ DCharacter::DCharacter() {
     Initialize();
 }
 
-DCharacter::DCharacter(const DCharacter& other) : DCharacter() { CopyFrom(other); }
+DCharacter::DCharacter(const DCharacter& other) : DCharacter() {
+    CopyFrom(other);
+}
 
 DCharacter& DCharacter::operator=(const DCharacter& other) {
     if (this != &other)
@@ -406,11 +408,37 @@ DCharacterClass* DCharacter::GetFirstNonRaceClassPointer() const {
     return nullptr;
 }
 
+int DCharacter::GetRemainingSkillPoints() const {
+    int points = 0;
+    for (const DCharacterClass* characterClass : mClassList)
+        points += characterClass->GetRemainingSkillPoints();
+    return points;
+}
+
 int DCharacter::GetPlayerClassCount() const {
     int count = 0;
     for (const DCharacterClass* characterClass : mClassList)
         count += characterClass->GetClassGuid() != mRaceClassGuid ? 1 : 0;
     return count;
+}
+
+int DCharacter::GetNonRaceCharacterLevel() const {
+    float level = 0.0f;
+    for (const DCharacterClass* characterClass : mClassList) {
+        if (characterClass->GetClassGuid() != mRaceClassGuid)
+            level += characterClass->GetLevel();
+    }
+    return int(level);
+}
+
+bool DCharacter::HasFeature(DFeatureType type, int data, int arrayType) const {
+    if (arrayType < 0 || arrayType >= kFeatureArrayCount)
+        return false;
+    for (const DChosenFeature* feature : mFeatureArray[arrayType]) {
+        if (feature->GetFeatureType() == type && feature->GetFeatureData() == data)
+            return true;
+    }
+    return false;
 }
 
 void DCharacter::PrepareForLevelUp() {
@@ -438,6 +466,10 @@ void DCharacter::ClearAbilityStatUserMods() {
     std::fill(std::begin(mAbilityStatUserMod), std::end(mAbilityStatUserMod), 0);
 }
 
+bool DCharacter::IsNullAbility(int a) const {
+    return mRace ? mRace->GetNoAbility(a) : mAbilityStatBase[a] < 0;
+}
+
 int DCharacter::GetAbilityStat(int a) const {
     if (IsNullAbility(a))
         return -1;
@@ -460,6 +492,12 @@ int DCharacter::CountPacked(int word) {
         ++count;
     }
     return count;
+}
+
+int DCharacter::GetPackedSlot(int word, int slot) {
+    if (slot < 0 || slot >= kPackedEntries)
+        return 0;
+    return int((unsigned(word) >> (slot * kPackedBits)) & kPackedMask);
 }
 
 void DCharacter::AppendPacked(int& word, int entry) {

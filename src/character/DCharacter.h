@@ -8,9 +8,9 @@
 #include "DChosenItem.h"
 #include "DChosenSpell.h"
 #include "DClassSkillType.h"
+#include "DCurrency.h"
 #include "DMagicBonus.h"
 #include "DSpellCaster.h"
-#include "DCurrency.h"
 #include "FCArray.h"
 #include "FCSet.h"
 
@@ -113,10 +113,14 @@ public:
     DCharacterClass* GetRaceClassPointer() const { return GetClassPointer(mRaceClassGuid); }
     DCharacterClass* GetFirstNonRaceClassPointer() const;
     int GetPlayerClassCount() const;
+    // Levels of every class but the race's, truncated: racial hit dice are not class levels.
+    int GetNonRaceCharacterLevel() const;
     bool HasClassWithCasterFlag(unsigned mask) const;
     void SetActiveClassId(const QUuid& guid) { mActiveClassId = guid; }
     const QUuid& GetActiveClassId() const { return mActiveClassId; }
     DCharacterClass* GetActiveClassPointer() const { return GetClassPointer(mActiveClassId); }
+    // Skill points earned less spent, over all classes.
+    int GetRemainingSkillPoints() const;
     // Each class's previous level takes its level.
     void PrepareForLevelUp();
 
@@ -142,7 +146,8 @@ public:
     int GetAbilityStatUserMod(int a) const { return mAbilityStatUserMod[a]; }
     void SetAbilityStatUserMod(int a, int value) { mAbilityStatUserMod[a] = value; }
     void ClearAbilityStatUserMods();
-    bool IsNullAbility(int a) const { return mAbilityStatBase[a] < 0; }
+    // The race decides which abilities a creature lacks; without a race a negative base does.
+    bool IsNullAbility(int a) const;
     int GetAbilityStat(int a) const;
     int GetAbilityStatNoEquipBonus(int a) const;
     int GetTotalAbilityStatBonus(int a) const {
@@ -154,6 +159,9 @@ public:
     void SetEarnedAbilityStat(int a, int entry) { AppendPacked(mEarnedAbilityStat[a], entry); }
     int GetInherentAbilityStat(int a) const { return CountPacked(mInherentAbilityStat[a]); }
     void SetInherentAbilityStat(int a, int entry) { AppendPacked(mInherentAbilityStat[a], entry); }
+    static constexpr int kAbilitySlotCount = 5;
+    // The level stored in one slot of a packed earned or inherent word; 0 for a free slot.
+    static int GetPackedSlot(int word, int slot);
     int GetTotalEarnedAbilityStats() const;
     int GetTotalInherentAbilityStats() const;
     int GetEarnedAbilityStatRaw(int a) const { return mEarnedAbilityStat[a]; }
@@ -191,6 +199,8 @@ public:
     void RemoveAllItems();
     DCurrency& GetInventoryValue() { return mInventoryValue; }
     DChosenItem* GetEquipment(int slot) const;
+    // 1 while armor is worn (slot 0), else 0.
+    int GetArmorCount() const { return mEquipment[0] ? 1 : 0; }
     FCPointerArray<DMagicBonus>& GetMagicBonusArray() { return mMagicBonusArray; }
     float GetCarriedWeight() const { return mCarriedWeight; }
     void SetCarriedWeight(float weight) { mCarriedWeight = weight; }
@@ -199,6 +209,8 @@ public:
 
     // Features, spells, gods and domains.
     FCPointerArray<DChosenFeature>& GetFeatureArray(int arrayType);
+    // A feature of that type whose data is `data` in the array; false for an array out of range.
+    bool HasFeature(DFeatureType type, int data, int arrayType) const;
     const QUuid& GetGod() const { return mGod; }
     void SetGod(const QUuid& god) { mGod = god; }
     bool HasPickedGod() const { return !mGod.isNull(); }
@@ -223,6 +235,16 @@ public:
     // Takes over `animal`.
     void SetAnimal(int type, DChosenAnimal* animal);
     FCSet<DClassSkillType>& GetClassSkillSet() { return mClassSkillSet; }
+    bool AddClassSkill(const QUuid& classGuid, const QUuid& skill) {
+        return mClassSkillSet.Add(DClassSkillType(classGuid, skill));
+    }
+    bool RemoveClassSkill(const QUuid& classGuid, const QUuid& skill) {
+        return mClassSkillSet.Remove(DClassSkillType(classGuid, skill));
+    }
+    bool HasClassSkill(const QUuid& classGuid, const QUuid& skill) const {
+        return mClassSkillSet.Contains(DClassSkillType(classGuid, skill));
+    }
+    void RemoveAllClassSkills() { mClassSkillSet.RemoveAll(); }
 
     unsigned GetProfFlags() const { return mProfFlags; }
     void AddProfFlag(unsigned flag) { mProfFlags |= flag; }

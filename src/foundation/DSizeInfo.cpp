@@ -21,6 +21,7 @@ void DSizeInfo::SetData(odbc::ResultSet* resultSet) {
     mCostMod = resultSet->getFloat(QStringLiteral("CostMod"));
     mWeightMod = resultSet->getFloat(QStringLiteral("WeightMod"));
     mArmorBonusMod = resultSet->getFloat(QStringLiteral("ArmorBonusMod"));
+    mGrappleMod = resultSet->getInt(QStringLiteral("GrappleMod"));
 }
 
 float DSizeInfo::GetDimensionRange(int rangeType) const {

@@ -28,6 +28,8 @@ public:
     float GetCostMod() const { return mCostMod; }
     float GetWeightMod() const { return mWeightMod; }
     float GetArmorBonusMod() const { return mArmorBonusMod; }
+    // The size's special modifier of a grapple check (+4 per step above Medium).
+    int GetGrappleMod() const { return mGrappleMod; }
 
 private:
     int mSizeId = -1;
@@ -41,4 +43,5 @@ private:
     float mCostMod = 0.0f;
     float mWeightMod = 0.0f;
     float mArmorBonusMod = 0.0f;
+    int mGrappleMod = 0;
 };

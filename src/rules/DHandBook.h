@@ -1,12 +1,30 @@
 #pragma once
 
+#include "DCharStatType.h"
+#include "DCharacterTypes.h"
+#include "DFeatPointValues.h"
+#include "DFeatPrereq.h"
+#include "DRulesTypes.h"
+#include "DSkillPointValues.h"
 #include "FCArray.h"
 #include "FCString.h"
 
 #include <QUuid>
 
+class DCharRaceBase;
 class DCharacter;
+class DCharacterClass;
+class DChosenFeat;
+class DChosenSkill;
+class DFeatInfo;
+class DSkillInfo;
+class DDieData;
 class DFileObject;
+class DRace;
+
+namespace odbc {
+class ResultSet;
+}
 
 // The rules engine: static operations that change a character and recompute what depends on
 // the change. It holds no state; every operation takes the character it works on.
@@ -17,6 +35,191 @@ public:
     // --- Dice -------------------------------------------------------------------------------
     // "2d8", "1/2d8", "1/4d8", or "" for no dice: the text of a hit-die or damage expression.
     static FCString BuildDieString(float dice, int die);
+
+    // --- Ability scores -----------------------------------------------------------------------
+    // score / 2 - 5 in whole numbers; 0 for a null ability (negative score).
+    static int GetAbilityModifier(int score) { return score < 0 ? 0 : score / 2 - 5; }
+    static int GetAbilityModifierChange(int oldScore, int newScore) {
+        return GetAbilityModifier(newScore) - GetAbilityModifier(oldScore);
+    }
+    static void RollAbilityStats(DRollMethodType method, FCArray<int>& out);
+    static int RollAbilityStat(DRollMethodType method, FCArray<int>* dice);
+    static void AssignAbilityStats(DCharacter* character);
+    // The race's adjustments as ability bonuses (the generators' path of a race change).
+    static void ApplyRaceAbilityAdjustments(DCharacter* character);
+    static int ComputeStatPointValue(int score);
+    static void SetCharacterAbilityStatBase(DCharacter* character, DAbilityStatType ability,
+                                            int value, bool notify);
+    static void SetCharacterAbilityStatBonus(DCharacter* character, DAbilityStatType ability,
+                                             int value, bool notify);
+    static void AdjustCharacterAbilityStatBonus(DCharacter* character, DAbilityStatType ability,
+                                                int delta, bool notify);
+    static void AdjustCharacterAbilityStatEquipBonus(DCharacter* character,
+                                                     DAbilityStatType ability, int delta,
+                                                     bool notify);
+    static void ComputeAndSetEarnedAbilityPoints(DCharacter* character);
+    static FCString BuildAbilityBonusesString(DCharacter* character);
+    static FCString BuildLevelString(int level);
+    // Statistic 36: the Intelligence modifier without worn items, never negative.
+    static void ComputeAndSetLanguagePoints(DCharacter* character);
+    // What follows a changed score; oldValue and newValue are GetAbilityStat before and after.
+    static void HandleAbilityStatChange(DCharacter* character, DAbilityStatType ability,
+                                        int oldValue, int newValue, bool notify);
+
+    // --- Hit points, saves, armor class, initiative, base attack, gold ------------------------
+    static void ComputeAndSetHitPoints(DCharacter* character, bool resetUser, bool notify);
+    static void RecomputeAndSetHitPoints(DCharacter* character, int level, int scoreDelta);
+    static int ComputeTotalHitPoints(DCharacter* character);
+    static int RollForBaseHitPoints(DCharacter* character, bool average, int level, int modChange);
+    static int GetRaceSizeBonusHitPoints(DCharacter* character);
+    static void SetCharacterHitPoints(DCharacter* character, int value, bool notify);
+    static void ClearHitPointsFeatBonus(DCharacter* character);
+    static void AdjustHitPointsForBonus(DCharacter* character, DCharStatType stat, int delta);
+    static int GetMinHitPoints(DCharacter* character);
+    static void ComputeAndSetAllSavingThrows(DCharacter* character);
+    static void ComputeAndSetSavingThrows(DCharacter* character, DSaveType save);
+    static void AdjustSavingThrowForAbilityModChange(DCharacter* character, DCharStatType stat,
+                                                     int change);
+    static bool GetHasGoodSaves(DRace* race, DSaveType save);
+    static bool DoesClassHaveGoodSaves(const QUuid& classGuid, DSaveType save);
+    static void GetSavingThrowValues(DCharacter* character, DSaveType save,
+                                     DSavingThrowValues& values);
+    static int GetSavingThrowBase(DCharacter* character, DSaveType save,
+                                  DCharacterClass* characterClass);
+    static void ComputeAndSetInitiative(DCharacter* character);
+    static void GetInitiativeValues(DCharacter* character, DInitiativeValues& values);
+    static void ComputeAndSetArmorClass(DCharacter* character);
+    static void GetArmorClassValues(DCharacter* character, DACValues& values);
+    static int GetArmorMiscModifier(DCharacter* character);
+    // Armor class against touch attacks: no armor, shield or natural armor.
+    static int GetTouchArmorClass(DCharacter* character);
+    // Armor class when caught flat-footed: no Dexterity bonus and no dodge bonus.
+    static int GetFlatFootedArmorClass(DCharacter* character);
+    // Base attack + Strength modifier + the size's grapple modifier.
+    static int ComputeGrapple(DCharacter* character);
+    static int ComputeBaseAttack(DCharacter* character);
+    static int ComputeBaseAttack(const QUuid& classGuid, float level);
+    static void ComputeAndSetFaceReach(DRace* race);
+    static void SetCharacterUserValue(DCharacter* character, DCharStatType stat, int value);
+    static void ComputeAndSetStartingGold(DCharacter* character, bool resetCash);
+
+    // --- Age, height, weight, experience ------------------------------------------------------
+    static void SetCharacterAge(DCharacter* character, int age);
+    static void ComputeAndSetInitialAge(DCharacter* character);
+    static int ComputeRandomAge(DCharacter* character);
+    static bool GetRandomAgeModifier(DCharacter* character, DDieData* die);
+    static void ComputeAgeMinMax(DCharacter* character, int& min, int& max);
+    static void ComputeAndSetInitialHeightAndWeight(DCharacter* character);
+    static void ComputeRandomHeightAndWeight(DCharacter* character, int& height, int& weight);
+    static bool ComputeHeightMinMax(DCharacter* character, int& min, int& max);
+    static bool ComputeWeightMinMax(DCharacter* character, int& min, int& max);
+    static int ComputeAndSetExperiencePoints(DCharacter* character);
+    static int ComputeNeededExperiencePoints(int level);
+
+    // --- Skills -------------------------------------------------------------------------------
+    // Records for every skill usable untrained, kept at zero ranks.
+    static void UpdateWithUntrainedSkills(DCharacter* character);
+    static void UpdateWithUntrainedSubSkills(DCharacter* character, DSkillInfo* skill);
+    // Skill points earned per history entry, and each class's share of them.
+    static void ComputeAndSetSkillPoints(DCharacter* character);
+    // For an Intelligence change of scoreDelta that is about to be written: levels up to
+    // `level` keep what they earned.
+    static void RecomputeAndSetSkillPoints(DCharacter* character, int level, int scoreDelta);
+    // Levels up to `level` (the previous character level when negative) keep their stored
+    // points; the later ones earn anew with the Intelligence modifier changed by modChange.
+    static int ComputeSkillPoints(DCharacter* character, int level, int modChange);
+    static int ComputeRaceSkillPoints(DCharacter* character, int level);
+    static int ComputeRaceSkillPoints(DCharacter* character, const DSkillPointValues& values,
+                                      int hitDice);
+    static int ComputeAdvancedRaceSkillPoints(DCharacter* character);
+    static void GetSkillPointValues(DRace* race, DSkillPointValues& values);
+    // The race editor's texts: the formula per hit die and the bonus per extra hit die.
+    static void GetSkillPointStrings(const DSkillPointValues& values, FCString& first,
+                                     FCString& second);
+    // Ranks go to the active class. The record, made if missing.
+    static DChosenSkill* AddSkill(DCharacter* character, const QUuid& skill, const QUuid& subSkill,
+                                  DSkillUsabilityType usability, float ranks, bool notify);
+    // Null when the record is gone (or was never there).
+    static DChosenSkill* RemoveSkill(DCharacter* character, const QUuid& skill,
+                                     const QUuid& subSkill, DSkillUsabilityType usability,
+                                     float ranks, bool notify);
+    static void RemoveAllSkills(DCharacter* character);
+    // Writes the class's ranks and charges the class for the difference in price.
+    static void SetSkillRank(DCharacter* character, DChosenSkill* skill, const QUuid& classGuid,
+                             DSkillUsabilityType usability, float ranks, bool notify);
+    static void SetSkillAbilityMod(DCharacter* character, DChosenSkill* skill);
+    static void UpdateSkillAbilityMods(DCharacter* character, DAbilityStatType ability);
+    // Ability -1 reaches every skill.
+    static void AdjustSkillMagicMods(DCharacter* character, int ability, int delta);
+    static void ClearSkillFeatMods(DCharacter* character);
+    static void ClearSkillSkillMods(DCharacter* character);
+    static void ComputeAndSetSkillMiscMods(DCharacter* character);
+    // Load, armor check penalty, size and tools.
+    static void SetSkillMiscMods(DCharacter* character, DChosenSkill* skill);
+    static int GetSkillSizeBonus(DCharacter* character, const DChosenSkill* skill);
+    static int GetSkillGoodsBonus(DCharacter* character, const DChosenSkill* skill);
+    // Synergies. A null skill with zero ranks is the full pass: every satisfied row applies.
+    static void ComputeAndSetSkillSkillMods(DCharacter* character, bool notify, const QUuid& skill,
+                                            const QUuid& subSkill, float newRanks, float oldRanks);
+    // 0 not usable, 1 class skill, 2 cross-class.
+    static DSkillUsabilityType ComputeSkillUsablility(DCharacter* character, const QUuid& classGuid,
+                                                      const QUuid& skill);
+    static float ComputeMaxSkillRank(DCharacter* character, const QUuid& skill);
+    // Kept for the interface; nothing asks it.
+    static int ComputeMaxClassSkillRanks(DCharacter* character, const QUuid& classGuid,
+                                         const QUuid& skill, const QUuid& subSkill);
+    // Ranks double (to class skill) or halve, so the points spent stay the same.
+    static bool ConvertSkillsForUsabilitySwitch(DCharacter* character, const QUuid& classGuid,
+                                                const QUuid& skill, bool toClassSkill);
+    static void AddClassSkill(DCharacter* character, DCharacterClass* characterClass,
+                              const QUuid& skill);
+    static void RemoveClassSkill(DCharacter* character, DCharacterClass* characterClass,
+                                 const QUuid& skill);
+    static DChosenSkill* GetChosenSkillForCharacter(DCharacter* character, const QUuid& skill,
+                                                    const QUuid& subSkill, bool create);
+    static bool IsKnowledgeSkill(const QUuid& skill);
+    static int GetCountOfAllKnowledgeSkillsWithRanks(DCharacter* character, int minRanks);
+
+    // --- Feats --------------------------------------------------------------------------------
+    static void GetFeatPointValues(DRace* race, DFeatPointValues& values);
+    static int ComputeRaceFeatPoints(DCharacter* character);
+    static int ComputeRaceAdvancedFeatPoints(DCharacter* character);
+    static void ComputeAndSetRaceFeatPoints(DCharacter* character);
+    static void ComputeAndSetAdvancedFeatPoints(DCharacter* character);
+    // Base, race and advanced points, the total, and each class's bonus feat points.
+    static void ComputeAndSetFeatPoints(DCharacter* character, bool isNew);
+    static int ComputeBaseFeatsPoints(DCharacter* character);
+    static void UpdateTotalFeatPoints(DCharacter* character);
+    static int ComputeBonusFeats(DCharacter* character, DCharacterClass* characterClass);
+    static void ComputeAndSetFeatBonuses(DCharacter* character);
+    static void ClearFeatBonuses(DCharacter* character);
+    // What the feat adds to saves, initiative, hit points and skills, taken back with remove.
+    static void HandleFeatBonuses(DCharacter* character, DChosenFeat* feat, bool remove);
+    static bool IsFeatBonusForClass(const QUuid& classGuid, const QUuid& feat);
+    // The feat modifier of a skill record that has just been made.
+    static void AddSkillFeatMods(DCharacter* character, DChosenSkill* skill);
+    // A like feat already held takes one more count and is returned; otherwise `feat` is added
+    // (retained) and the result is null.
+    static DChosenFeat* AddFeat(DCharRaceBase* owner, bool isCharacter, DChosenFeat* feat);
+    static void RemoveFeat(DCharRaceBase* owner, bool isCharacter, DChosenFeat* feat);
+    // Locked feats of a character stay.
+    static void RemoveAllFeats(DCharRaceBase* owner, bool isCharacter);
+    static bool ComputeCanFeatBePurchased(DCharRaceBase* owner, bool isCharacter,
+                                          const DFeatInfo* info, const QUuid& target,
+                                          const QUuid& subTarget, bool checkPrereqs);
+    static bool ComputeDoesFeatMeetPrereqs(DCharRaceBase* owner, bool isCharacter,
+                                           const QUuid& feat);
+    // The first prerequisite of the feat that does not hold; false if all hold.
+    static bool FindFailingFeatPrereq(DCharRaceBase* owner, bool isCharacter, const QUuid& feat,
+                                      DFeatPrereq& failing);
+    // A prerequisite as the player reads it: "Power Attack", "Str 13", "base attack +4".
+    static QString BuildFeatPrereqString(const DFeatPrereq& prereq);
+    static bool DoesFeatMeetPrereq(DCharRaceBase* owner, bool isCharacter, odbc::ResultSet* row);
+    static bool DoesFeatMeetPrereq(DCharRaceBase* owner, bool isCharacter,
+                                   const DFeatPrereq& prereq);
+    static bool DoesFeatMeetClassPrereq(DCharacter* character, const QUuid& feat);
+    static bool HasWeaponTargetFeatInFamily(DCharacter* character, const QUuid& feat, int family);
+    static bool HasFeatTargetingAnyKnowledge(DCharacter* character, const QUuid& feat);
 
     // --- Character setup and level-up ---------------------------------------------------------
     // Binds the race that `raceFile` names and makes history entry 0 the race's entry. Nothing
@@ -33,6 +236,10 @@ public:
     static void UpdateWithRaceAttacks(DCharacter* character);
     static void UpdateWithRaceSpeed(DCharacter* character);
     static void UpdateWithRaceSpellCasters(DCharacter* character);
+
+    // What a race editor derives when a race is made: good saves from its creature type, face
+    // and reach from its size, and the middle of a ranged skill-point allowance.
+    static void InitialRaceSetup(DRace* race);
 
     // The full pass: isNew builds from the history alone, false folds in the history entries
     // not applied yet (a level-up). Never notifies.

@@ -7,10 +7,12 @@
 #include "DCharacter.h"
 #include "DChosenFeat.h"
 #include "DChosenLanguage.h"
+#include "DChosenSkill.h"
 #include "DDatabase.h"
 #include "DFileObject.h"
 #include "DOffenseGroup.h"
 #include "DRace.h"
+#include "DSkillPointValues.h"
 #include "DSpecialAttackSpellCaster.h"
 
 // Every stage of the setup passes is one named step below, in the order the passes call them.
@@ -18,52 +20,8 @@
 // lands; its comment names the operation that will run there.
 namespace {
 
-void AssignAbilityStats(DCharacter*) {
-    // Ability scores from the race (AssignAbilityStats) come with the ability score work.
-}
-
-void ApplyRaceAbilityAdjustments(DCharacter*) {
-    // The race's ability adjustments (SetCharacterAbilityStatBonus) come with the ability score
-    // work.
-}
-
-void ComputeAndSetExperiencePoints(DCharacter*) {
-    // Experience for the level (ComputeAndSetExperiencePoints) comes with the age and
-    // experience work.
-}
-
 void AdvanceCharacter(DCharacter*) {
     // Size effects of stored extra hit dice (AdvanceCharacter) come with monster advancement.
-}
-
-void UpdateWithUntrainedSkills(DCharacter*) {
-    // Skills usable untrained (UpdateWithUntrainedSkills) come with the skill work.
-}
-
-void ComputeAndSetInitialAge(DCharacter*) {
-    // The starting age (ComputeAndSetInitialAge) comes with the age and experience work.
-}
-
-void ComputeAndSetInitialHeightAndWeight(DCharacter*) {
-    // Height and weight (ComputeAndSetInitialHeightAndWeight) come with the age and experience
-    // work.
-}
-
-void ComputeAndSetHitPoints(DCharacter*, bool /*resetUser*/) {
-    // Hit dice per history entry and the total (ComputeAndSetHitPoints) come with the hit point
-    // work.
-}
-
-void ComputeAndSetAllSavingThrows(DCharacter*) {
-    // Save totals (ComputeAndSetAllSavingThrows) come with the saves work.
-}
-
-void ComputeAndSetBaseAttack(DCharacter*) {
-    // kStatBaseAttack takes ComputeBaseAttack, which comes with the base attack work.
-}
-
-void ComputeAndSetStartingGold(DCharacter*, bool /*resetCash*/) {
-    // Starting gold (ComputeAndSetStartingGold) comes with the starting gold work.
 }
 
 void ComputeAndSetSpellData(DCharacter*) {
@@ -76,38 +34,16 @@ void ComputeAndSetProficiencies(DCharacter*) {
     // work.
 }
 
-void ComputeAndSetLanguagePoints(DCharacter*) {
-    // Language points (ComputeAndSetLanguagePoints) come with the language work.
-}
-
-void ComputeAndSetSkillPoints(DCharacter*) {
-    // Skill points per class (ComputeAndSetSkillPoints) come with the skill work.
-}
-
-void ComputeAndSetFeatPoints(DCharacter*, bool /*isNew*/) {
-    // Feat points (ComputeAndSetFeatPoints) come with the feat work.
-}
-
-void ComputeAndSetInitiative(DCharacter*) {
-    // Initiative (ComputeAndSetInitiative) comes with the initiative work.
-}
-
-void ComputeAndSetCharacterEncumberance(DCharacter*) {
+void ComputeAndSetCharacterEncumberance(DCharacter* character) {
     // Load, speed and armor statistics (ComputeAndSetCharacterEncumberance) come with the
-    // equipment work.
-}
-
-void ComputeAndSetEarnedAbilityPoints(DCharacter*) {
-    // Earned ability increases (ComputeAndSetEarnedAbilityPoints) come with the ability score
-    // work.
+    // equipment work. Until then nothing is worn or carried, so nothing limits Dexterity, and
+    // armor class is worked out here as that step ends.
+    character->SetCharacterStat(kStatMaxDexterityBonus, -1);
+    DHandBook::ComputeAndSetArmorClass(character);
 }
 
 void AddAutoFeatures(DCharacter*, bool /*isNew*/) {
     // Class features of the new levels (AddAutoFeatures) come with the class feature work.
-}
-
-void ComputeAndSetSkillSkillMods(DCharacter*) {
-    // Skill synergies (ComputeAndSetSkillSkillMods) come with the skill work.
 }
 
 void SetupUnarmedAttack(DCharacter*) {
@@ -200,9 +136,17 @@ void DHandBook::UpdateWithRaceLanguages(DCharacter* character) {
     }
 }
 
-void DHandBook::UpdateWithRaceSkills(DCharacter*) {
-    // The race's skills with a race modifier go in through AddSkill, which comes with the skill
-    // work.
+void DHandBook::UpdateWithRaceSkills(DCharacter* character) {
+    for (const auto& skill : character->GetRace()->GetSkillSet()) {
+        if (skill->GetRaceMod() <= 0)
+            continue;
+        DChosenSkill* own =
+            AddSkill(character, skill->GetSkillId(), skill->GetSubSkillId(), 1, 0.0f, false);
+        if (!own)
+            continue;
+        own->SetRaceMod(skill->GetRaceMod());
+        own->AddSkillFlag(DChosenSkill::kSkillFixed);
+    }
 }
 
 void DHandBook::UpdateWithRaceFeats(DCharacter* character) {
@@ -213,9 +157,8 @@ void DHandBook::UpdateWithRaceFeats(DCharacter* character) {
         auto* copy = static_cast<DChosenFeat*>(feat->Clone());
         copy->AddFeatFlag(kFixedByLevelOrRace);
         character->AddFeat(copy);
+        HandleFeatBonuses(character, copy, false);
         copy->Release();
-        // The feat's bonuses to saves, initiative and the like (HandleFeatBonuses) come with
-        // the feat work.
     }
 }
 
@@ -260,6 +203,18 @@ void DHandBook::UpdateWithRaceSpellCasters(DCharacter* character) {
     }
 }
 
+void DHandBook::InitialRaceSetup(DRace* race) {
+    if (!race)
+        return;
+    for (int save = 0; save < kSaveCount; ++save)
+        race->SetHasGoodSaves(save, DoesClassHaveGoodSaves(race->GetClassGuid(), DSaveType(save)));
+    ComputeAndSetFaceReach(race);
+    DSkillPointValues values;
+    GetSkillPointValues(race, values);
+    if (values.op == kSkillPointOpMiddle)
+        race->SetBaseSkillPoints((values.operand2 - values.operand1) / 2 + values.operand1);
+}
+
 void DHandBook::CharacterSetup(DCharacter* character, bool isNew) {
     if (!character)
         return;
@@ -285,11 +240,11 @@ void DHandBook::RecomputeAfterLevels(DCharacter* character, bool isNew) {
     // A new character's later hit dice are averaged; those of a level-up are rolled.
     if (isNew)
         character->AddCharacterFlag(kCharFlagAverageHitDice);
-    ComputeAndSetHitPoints(character, isNew);
+    ComputeAndSetHitPoints(character, isNew, false);
     if (isNew)
         character->RemoveCharacterFlag(kCharFlagAverageHitDice);
     ComputeAndSetAllSavingThrows(character);
-    ComputeAndSetBaseAttack(character);
+    character->SetCharacterStat(kStatBaseAttack, ComputeBaseAttack(character));
     ComputeAndSetStartingGold(character, isNew);
     ComputeAndSetSpellData(character);
     ComputeAndSetProficiencies(character);
@@ -301,7 +256,7 @@ void DHandBook::RecomputeAfterLevels(DCharacter* character, bool isNew) {
     ComputeAndSetCharacterEncumberance(character);
     ComputeAndSetEarnedAbilityPoints(character);
     AddAutoFeatures(character, isNew);
-    ComputeAndSetSkillSkillMods(character);
+    ComputeAndSetSkillSkillMods(character, false, QUuid(), QUuid(), 0.0f, 0.0f);
     SetupUnarmedAttack(character);
     if (!isNew)
         UpdateAnimals(character);
@@ -316,7 +271,7 @@ void DHandBook::ChangeCharacterRace(DCharacter* character, DFileObject* raceFile
     HandleHistoryToClasses(character, true);
     character->SetPreviousCharacterLevel(0.0f);
     // Rolled, not averaged: flag 0x1 stays clear here.
-    ComputeAndSetHitPoints(character, true);
+    ComputeAndSetHitPoints(character, true, false);
     ComputeAndSetSkillPoints(character);
     ComputeAndSetCharacterLevel(character, true);
     character->InitialSetup();
@@ -327,7 +282,7 @@ void DHandBook::ChangeCharacterRace(DCharacter* character, DFileObject* raceFile
     ComputeAndSetInitialAge(character);
     ComputeAndSetInitialHeightAndWeight(character);
     ComputeAndSetAllSavingThrows(character);
-    ComputeAndSetBaseAttack(character);
+    character->SetCharacterStat(kStatBaseAttack, ComputeBaseAttack(character));
     ComputeAndSetStartingGold(character, true);
     ComputeAndSetSpellData(character);
     ComputeAndSetProficiencies(character);
@@ -336,7 +291,7 @@ void DHandBook::ChangeCharacterRace(DCharacter* character, DFileObject* raceFile
     ComputeAndSetInitiative(character);
     ComputeAndSetCharacterEncumberance(character);
     ComputeAndSetEarnedAbilityPoints(character);
-    ComputeAndSetSkillSkillMods(character);
+    ComputeAndSetSkillSkillMods(character, false, QUuid(), QUuid(), 0.0f, 0.0f);
     SetupUnarmedAttack(character);
     character->AddCharacterFlag(kCharFlagSetupEndMask);
 }

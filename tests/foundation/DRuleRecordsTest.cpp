@@ -108,8 +108,8 @@ const std::vector<Table>& rulesTables() {
          {"1, 10, 'Lawful Good', 'LG', 2, 4, -1", "2, 20, 'Neutral Good', 'NG', 1, 3, 5"}},
         {"[info Size]",
          "ID, NAME, CapMod, ArmorMod, DimMin, DimMax, WtMin, WtMax, ModStr, ModDex, ModCon, "
-         "ModNatAC, EHDMod, CostMod, WeightMod, ArmorBonusMod",
-         {"6, 'Large', 2.0, -1, 8.0, 16.0, 500.0, 4000.0, 8, -2, 4, 2, 3, 2.0, 2.5, 1.0"}},
+         "ModNatAC, EHDMod, CostMod, WeightMod, ArmorBonusMod, GrappleMod",
+         {"6, 'Large', 2.0, -1, 8.0, 16.0, 500.0, 4000.0, 8, -2, 4, 2, 3, 2.0, 2.5, 1.0, 4"}},
         {"[info Level Gold]", "ID, STARTGOLD", {"5, 9000"}},
         {"[info Skill]",
          "Guid, ID, NAME, StatId, IsMulti, Untrain, ACPen, NPACPen, Exclusive, PenaltyPounds, "
@@ -532,6 +532,8 @@ TEST_F(RuleRecords, SizeOfALargeCreature) {
     EXPECT_FLOAT_EQ(large.GetCostMod(), 2.0f);
     EXPECT_FLOAT_EQ(large.GetWeightMod(), 2.5f);
     EXPECT_FLOAT_EQ(large.GetArmorBonusMod(), 1.0f);
+    // One step above Medium: +4 to grapple.
+    EXPECT_EQ(large.GetGrappleMod(), 4);
 }
 
 TEST_F(RuleRecords, SkillFlagsAndShortName) {

@@ -4,6 +4,8 @@
 // character.
 #include "RulesTestSupport.h"
 
+#include <QSet>
+
 #include "DAdjChosenSpeed.h"
 #include "DAttackInfo.h"
 #include "DCharFlags.h"
@@ -169,9 +171,16 @@ TEST_F(SetupTest, ReplayingAHistoryMatchesBuildingItLevelByLevel) {
     EXPECT_EQ(levelled->GetInfoFlags(), replayed->GetInfoFlags());
     EXPECT_EQ(levelled->GetCharacterFlags(), replayed->GetCharacterFlags());
     EXPECT_EQ(levelled->GetAlignmentId(), replayed->GetAlignmentId());
-    for (int stat = 0; stat < kStatCount; ++stat)
+    // A replay averages the later hit dice where level-ups roll them, and experience is set at
+    // the first setup only: those statistics legitimately differ.
+    const QSet<int> rolledOrFirstOnly = {kStatHitPoints, kStatPreviousBaseHitPoints,
+                                         kStatBaseHitPoints, kStatExperience};
+    for (int stat = 0; stat < kStatCount; ++stat) {
+        if (rolledOrFirstOnly.contains(stat))
+            continue;
         EXPECT_EQ(levelled->GetCharacterStat(stat), replayed->GetCharacterStat(stat))
             << "statistic " << stat;
+    }
 
     // What differs is what the last level-up marks as being gained: rogue 3, level 5.
     EXPECT_FLOAT_EQ(replayed->GetPreviousCharacterLevel(), 0.0f);
@@ -317,7 +326,9 @@ TEST_F(SetupTest, ALevelUpFixesWhatEarlierLevelsChose) {
     EXPECT_EQ(character->GetCharacterStat(kStatPreviousBaseHitPoints), 10);
     EXPECT_FLOAT_EQ(character->GetClassPointer(fighter)->GetPreviousLevel(), 1.0f);
     EXPECT_FLOAT_EQ(character->GetPreviousCharacterLevel(), 1.0f);
-    const DChosenSkill* skill = character->GetSkillSet().begin()->Get();
+    const DChosenSkill* skill = character->GetSkillPointer(
+        QUuid::createUuidV5(QUuid(), QStringLiteral("a skill")), QUuid());
+    ASSERT_NE(skill, nullptr);
     EXPECT_FLOAT_EQ(skill->GetRanks(fighter), 0.0f);
     EXPECT_FLOAT_EQ(skill->GetLockedRanks(fighter), 4.0f);
     EXPECT_TRUE(skill->HasSkillFlag(kFixedByLevelOrRace));

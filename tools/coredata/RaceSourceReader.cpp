@@ -1,5 +1,7 @@
 #include "RaceSourceReader.h"
 
+#include "DHandBook.h"
+
 #include "CoreDataError.h"
 #include "DChosenLanguage.h"
 #include "DChosenSpeed.h"
@@ -136,6 +138,12 @@ void RaceSourceReader::Read(const QString& path, DRace& race) {
         Fail(QStringLiteral("give either 'abilities' or 'ability_adjustments', not both"));
     if (mMaxHitDice >= 0.0f)
         race.SetMaxHitDieCount(mMaxHitDice);
+    // Without a line of its own the race saves as its creature type does.
+    if (!seen.contains("good_saves")) {
+        for (int save = 0; save < kSaveCount; ++save)
+            race.SetHasGoodSaves(
+                save, DHandBook::DoesClassHaveGoodSaves(race.GetClassGuid(), DSaveType(save)));
+    }
     race.SetRaceName(QFileInfo(path).completeBaseName());
 }
 

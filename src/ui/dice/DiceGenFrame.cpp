@@ -18,8 +18,6 @@
 
 namespace {
 
-constexpr int kTableDieQuickButtons = 205;
-
 // Runs one query and hands every row to `onRow`; false, after one report, if it fails.
 template <typename OnRow> bool forEachRow(const QString& sql, OnRow onRow) {
     odbc::Connection* connection = DDatabase::GetConnection();
