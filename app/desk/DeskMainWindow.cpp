@@ -3,6 +3,9 @@
 #include "CatalogueDock.h"
 #include "NewCharacterDialog.h"
 
+#include "D_UICharRollDialog.h"
+
+#include "DCharStatType.h"
 #include "DCharacter.h"
 #include "DClassInfo.h"
 #include "DDatabase.h"
@@ -40,6 +43,7 @@ DeskMainWindow::DeskMainWindow(const QString& databaseConnection, QWidget* paren
 }
 
 DeskMainWindow::~DeskMainWindow() {
+    SetCurrentCharacter(nullptr, QString());
     DObjectManager::ShutDown();
     DDatabase::ShutDown();
 }
@@ -51,6 +55,10 @@ void DeskMainWindow::BuildMenus() {
     file->addAction(tr("&Open..."), QKeySequence::Open, this, &DeskMainWindow::ChooseFileToOpen);
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
+    QMenu* character = menuBar()->addMenu(tr("&Character"));
+    mAbilityAction =
+        character->addAction(tr("&Ability Scores..."), this, &DeskMainWindow::EditAbilityScores);
+    mAbilityAction->setEnabled(false);
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
     tools->addAction(tr("&Dice..."), this, [this] {
         // One dice window: asking again brings it forward.
@@ -143,8 +151,7 @@ bool DeskMainWindow::OpenFile(const QString& path) {
         character->Release();
         return false;
     }
-    ShowCharacter(*character, path);
-    character->Release();
+    SetCurrentCharacter(character, path);
     return true;
 }
 
@@ -157,18 +164,35 @@ void DeskMainWindow::ShowCharacter(const DCharacter& character, const QString& f
                        .arg(info ? QString(info->mName) : tr("(unknown class)"))
                        .arg(DHandBook::BuildFractionString(characterClass->GetLevel()));
     }
+    const QString names[] = {tr("Str"), tr("Dex"), tr("Con"), tr("Int"), tr("Wis"), tr("Cha")};
+    QStringList abilities;
+    for (int a = 0; a < DCharacter::kAbilityCount; ++a) {
+        const int score = character.GetAbilityStat(a);
+        const int modifier = DHandBook::GetAbilityModifier(score);
+        abilities << (score < 0 ? tr("%1 -").arg(names[a])
+                                : QStringLiteral("%1 %2 (%3%4)")
+                                      .arg(names[a])
+                                      .arg(score)
+                                      .arg(modifier >= 0 ? "+" : "")
+                                      .arg(modifier));
+    }
+    QString fileText = file.isEmpty() ? tr("not saved") : file.toHtmlEscaped();
+    if (mCharacterEdited)
+        fileText += tr(" (changed here, not saved)");
     mView->setHtml(tr("<h2>%1</h2><table>"
                       "<tr><td><b>Player</b></td><td>%2</td></tr>"
                       "<tr><td><b>Race</b></td><td>%3</td></tr>"
                       "<tr><td><b>Level</b></td><td>%4</td></tr>"
                       "<tr><td><b>Classes</b></td><td>%5</td></tr>"
-                      "<tr><td><b>File</b></td><td>%6</td></tr></table>")
+                      "<tr><td><b>Abilities</b></td><td>%6</td></tr>"
+                      "<tr><td><b>Hit points</b></td><td>%7</td></tr>"
+                      "<tr><td><b>File</b></td><td>%8</td></tr></table>")
                        .arg(character.GetCharacterName().toHtmlEscaped(),
                             character.GetPlayerName().toHtmlEscaped(),
                             race ? race->GetRaceName().toHtmlEscaped() : QString(),
                             QString::number(int(character.GetCharacterLevel())),
-                            classes.join(", ").toHtmlEscaped(),
-                            file.isEmpty() ? tr("not saved") : file.toHtmlEscaped()));
+                            classes.join(", ").toHtmlEscaped(), abilities.join(", "),
+                            QString::number(character.GetCharacterStat(kStatHitPoints)), fileText));
     setWindowTitle(tr("Hoard - %1").arg(character.GetCharacterName()));
 }
 
@@ -181,8 +205,30 @@ void DeskMainWindow::NewCharacter() {
         QMessageBox::warning(this, tr("New Character"), tr("The chosen race cannot be read."));
         return;
     }
-    ShowCharacter(*character, QString());
-    character->Release();
+    SetCurrentCharacter(character, QString());
+}
+
+void DeskMainWindow::SetCurrentCharacter(DCharacter* character, const QString& file) {
+    if (mCharacter)
+        mCharacter->Release();
+    mCharacter = character;
+    mCharacterFile = file;
+    mCharacterEdited = false;
+    if (mAbilityAction)
+        mAbilityAction->setEnabled(mCharacter != nullptr);
+    if (mCharacter)
+        ShowCharacter(*mCharacter, mCharacterFile);
+}
+
+void DeskMainWindow::EditAbilityScores() {
+    if (!mCharacter)
+        return;
+    D_UICharRollDialog dialog(this);
+    dialog.Setup(mCharacter);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    mCharacterEdited = true;
+    ShowCharacter(*mCharacter, mCharacterFile);
 }
 
 void DeskMainWindow::ShowAbout() {

@@ -5,6 +5,7 @@
 class CatalogueDock;
 class DCharacter;
 class DFileObject;
+class QAction;
 class QLabel;
 class QTextBrowser;
 
@@ -24,12 +25,15 @@ private slots:
     void ChooseFileToOpen();
     void ShowEntry(DFileObject* entry);
     void NewCharacter();
+    void EditAbilityScores();
     void ShowAbout();
 
 private:
     void BuildMenus();
     // A read-only view of a character; `file` is empty for one not saved yet.
     void ShowCharacter(const DCharacter& character, const QString& file);
+    // Makes `character` (whose reference the window takes over) the one shown and edited.
+    void SetCurrentCharacter(DCharacter* character, const QString& file);
     void StartLibrary();
     void ShowDatabaseSummary();
 
@@ -39,4 +43,8 @@ private:
     QTextBrowser* mView = nullptr;
     QLabel* mStatus = nullptr;
     CatalogueDock* mCatalogues = nullptr;
+    QAction* mAbilityAction = nullptr;
+    DCharacter* mCharacter = nullptr;
+    QString mCharacterFile;
+    bool mCharacterEdited = false;
 };
