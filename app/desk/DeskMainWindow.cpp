@@ -16,6 +16,7 @@
 #include "DSizeInfo.h"
 #include "DiceGenFrame.h"
 #include "FCFileManager.h"
+#include "FCString.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -186,14 +187,47 @@ void DeskMainWindow::ShowCharacter(const DCharacter& character, const QString& f
                       "<tr><td><b>Classes</b></td><td>%5</td></tr>"
                       "<tr><td><b>Abilities</b></td><td>%6</td></tr>"
                       "<tr><td><b>Hit points</b></td><td>%7</td></tr>"
-                      "<tr><td><b>File</b></td><td>%8</td></tr></table>")
+                      "%8"
+                      "<tr><td><b>File</b></td><td>%9</td></tr></table>")
                        .arg(character.GetCharacterName().toHtmlEscaped(),
                             character.GetPlayerName().toHtmlEscaped(),
                             race ? race->GetRaceName().toHtmlEscaped() : QString(),
                             QString::number(int(character.GetCharacterLevel())),
                             classes.join(", ").toHtmlEscaped(), abilities.join(", "),
-                            QString::number(character.GetCharacterStat(kStatHitPoints)), fileText));
+                            QString::number(character.GetCharacterStat(kStatHitPoints)),
+                            CombatRows(character), fileText));
     setWindowTitle(tr("Hoard - %1").arg(character.GetCharacterName()));
+}
+
+QString DeskMainWindow::CombatRows(const DCharacter& character) const {
+    // The engine's read operations take a character they do not change.
+    auto* engineCharacter = const_cast<DCharacter*>(&character);
+    const auto sign = [](int value) { return FCString::numberWithSign(value); };
+    const auto row = [](const QString& caption, const QString& value) {
+        return QStringLiteral("<tr><td><b>%1</b></td><td>%2</td></tr>").arg(caption, value);
+    };
+    QString rows;
+    rows += row(tr("Armor class"), tr("%1, touch %2, flat-footed %3")
+                                       .arg(character.GetCharacterStat(kStatArmorClass))
+                                       .arg(DHandBook::GetTouchArmorClass(engineCharacter))
+                                       .arg(DHandBook::GetFlatFootedArmorClass(engineCharacter)));
+    rows += row(tr("Initiative"), sign(character.GetCharacterStat(kStatInitiative)));
+    rows += row(tr("Base attack"), tr("%1, grapple %2")
+                                       .arg(sign(character.GetCharacterStat(kStatBaseAttack)),
+                                            sign(DHandBook::ComputeGrapple(engineCharacter))));
+    rows += row(tr("Saves"), tr("Fort %1, Ref %2, Will %3")
+                                 .arg(sign(character.GetCharacterStat(kStatFortitude)),
+                                      sign(character.GetCharacterStat(kStatReflex)),
+                                      sign(character.GetCharacterStat(kStatWill))));
+    const int height = character.GetCharacterStat(kStatHeight);
+    if (character.GetCharacterStat(kStatAge) > 0 || height > 0)
+        rows += row(tr("Age, height, weight"), tr("%1 years, %2' %3\", %4 lb.")
+                                                   .arg(character.GetCharacterStat(kStatAge))
+                                                   .arg(height / 12)
+                                                   .arg(height % 12)
+                                                   .arg(character.GetCharacterStat(kStatWeight)));
+    rows += row(tr("Experience"), QString::number(character.GetCharacterStat(kStatExperience)));
+    return rows;
 }
 
 void DeskMainWindow::NewCharacter() {

@@ -32,6 +32,8 @@ private:
     void BuildMenus();
     // A read-only view of a character; `file` is empty for one not saved yet.
     void ShowCharacter(const DCharacter& character, const QString& file);
+    // Armor class, initiative, attack, saves and the vital statistics as table rows.
+    QString CombatRows(const DCharacter& character) const;
     // Makes `character` (whose reference the window takes over) the one shown and edited.
     void SetCurrentCharacter(DCharacter* character, const QString& file);
     void StartLibrary();
