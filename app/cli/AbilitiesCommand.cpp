@@ -26,21 +26,11 @@ struct Campaign {
     int points = 0;
 };
 
-// Every row of one of the two small roll tables; empty, after one report, if it cannot be read.
+// Every row of one of the small roll tables, in id order.
 template <typename OnRow> void forEachRow(int table, const QString& columns, OnRow onRow) {
-    odbc::Connection* connection = DDatabase::GetConnection();
-    if (!connection)
-        return;
-    try {
-        std::unique_ptr<odbc::Statement> statement(connection->createStatement());
-        odbc::ResultSet* rows =
-            statement->executeQuery(QStringLiteral("SELECT %1 FROM %2 ORDER BY Id")
-                                        .arg(columns, QString(DDatabase::GetTableName(table))));
-        while (rows && rows->next())
-            onRow(rows);
-    } catch (const std::exception& error) {
-        DFailureReporter::Report(QStringLiteral("Query failed"), QString::fromUtf8(error.what()));
-    }
+    DDatabase::ForEachRow(QStringLiteral("SELECT %1 FROM %2 ORDER BY Id")
+                              .arg(columns, QString(DDatabase::GetTableName(table))),
+                          onRow);
 }
 
 QList<Campaign> campaigns() {

@@ -162,6 +162,8 @@ public:
     static constexpr int kAbilitySlotCount = 5;
     // The level stored in one slot of a packed earned or inherent word; 0 for a free slot.
     static int GetPackedSlot(int word, int slot);
+    // The used slots of a packed word: they fill from the lowest up.
+    static int CountPacked(int word);
     int GetTotalEarnedAbilityStats() const;
     int GetTotalInherentAbilityStats() const;
     int GetEarnedAbilityStatRaw(int a) const { return mEarnedAbilityStat[a]; }
@@ -273,7 +275,6 @@ private:
     bool LoadRace(FCArchive& archive);
     void SerializeEquipment(FCArchive& archive);
     static bool ValidStat(int stat) { return stat >= 0 && stat < kStatCount; }
-    static int CountPacked(int word);
     static void AppendPacked(int& word, int entry);
 
     unsigned mInfoFlags = 0;

@@ -296,17 +296,21 @@ void reportQueryFailure(const std::exception& error) {
     DFailureReporter::Report(QStringLiteral("Query failed"), QString::fromUtf8(error.what()));
 }
 
-// Runs one query and hands its first row, if any, to `onRow`; a failure is reported once.
+// The first row of `sql`, if any, to `onRow`; a failure is reported once.
 template <typename OnRow> bool firstRow(const QString& sql, OnRow onRow) {
-    odbc::Connection* connection = DDatabase::GetConnection();
-    if (!connection)
+    return DDatabase::FirstRow(sql, onRow);
+}
+
+} // namespace
+
+bool DDatabase::ForEachRow(const QString& sql, const std::function<void(odbc::ResultSet*)>& onRow) {
+    if (!mConnection)
         return false;
     try {
-        std::unique_ptr<odbc::Statement> statement(connection->createStatement());
+        std::unique_ptr<odbc::Statement> statement(mConnection->createStatement());
         odbc::ResultSet* rows = statement->executeQuery(sql);
-        if (!rows || !rows->next())
-            return false;
-        onRow(rows);
+        while (rows && rows->next())
+            onRow(rows);
         return true;
     } catch (const std::exception& error) {
         reportQueryFailure(error);
@@ -314,10 +318,22 @@ template <typename OnRow> bool firstRow(const QString& sql, OnRow onRow) {
     return false;
 }
 
-} // namespace
-
-const QUuid DDatabase::kWizardClassGuid("{DC103390-3378-411F-9A3A-CAB0CFD00B68}");
-const QUuid DDatabase::kSharedWizardListClassGuid("{46FBFE80-C7CE-4BEA-B211-CE668C73ED38}");
+bool DDatabase::FirstRow(const QString& sql, const std::function<void(odbc::ResultSet*)>& onRow) {
+    if (!mConnection)
+        return false;
+    bool found = false;
+    try {
+        std::unique_ptr<odbc::Statement> statement(mConnection->createStatement());
+        odbc::ResultSet* rows = statement->executeQuery(sql);
+        if (rows && rows->next()) {
+            onRow(rows);
+            found = true;
+        }
+    } catch (const std::exception& error) {
+        reportQueryFailure(error);
+    }
+    return found;
+}
 
 FCString DDatabase::mDatabasePath;
 odbc::Connection* DDatabase::mConnection = nullptr;

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QUuid>
 
+#include <functional>
+
 #include <array>
 
 class DInfo;
@@ -23,6 +25,7 @@ class DSkillInfo;
 namespace odbc {
 class Connection;
 class PreparedStatement;
+class ResultSet;
 } // namespace odbc
 
 // Indexes of the tables that code names most; every table has its index in GetTableName.
@@ -93,6 +96,11 @@ public:
     // The library-wide item collection (a DItemCollection of the items layer).
     static FCObject* GetItemCollection() { return mItemCollection; }
     static const FCString& GetTableName(int index);
+    // Runs `sql` and hands each row in turn to `onRow`. A failure is reported once ("Query
+    // failed") and ends the walk; false then, or without a connection.
+    static bool ForEachRow(const QString& sql, const std::function<void(odbc::ResultSet*)>& onRow);
+    // The first row only; true if there was one.
+    static bool FirstRow(const QString& sql, const std::function<void(odbc::ResultSet*)>& onRow);
     static int GetItemTypeTableId(int itemType);
 
     // Rule maps: the record or null. Records stay owned by the map.
@@ -167,8 +175,12 @@ public:
     static QStringList GetStatementSamples();
 
     // The class whose spell list the Wizard shares, and the Wizard.
-    static const QUuid kWizardClassGuid;
-    static const QUuid kSharedWizardListClassGuid;
+    // Constant-initialised: {DC103390-3378-411F-9A3A-CAB0CFD00B68} and
+    // {46FBFE80-C7CE-4BEA-B211-CE668C73ED38}.
+    static constexpr QUuid kWizardClassGuid{0xDC103390, 0x3378, 0x411F, 0x9A, 0x3A, 0xCA,
+                                            0xB0,       0xCF,   0xD0,   0x0B, 0x68};
+    static constexpr QUuid kSharedWizardListClassGuid{0x46FBFE80, 0xC7CE, 0x4BEA, 0xB2, 0x11, 0xCE,
+                                                      0x66,       0x8C,   0x73,   0xED, 0x38};
 
 private:
     static void LoadObjectPtrMapODBC(const FCString& tableName, const char* className,

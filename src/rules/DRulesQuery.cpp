@@ -12,29 +12,11 @@
 
 bool DRulesQuery::ForEachRow(const QString& sql,
                              const std::function<void(odbc::ResultSet*)>& onRow) {
-    odbc::Connection* connection = DDatabase::GetConnection();
-    if (!connection)
-        return false;
-    try {
-        std::unique_ptr<odbc::Statement> statement(connection->createStatement());
-        odbc::ResultSet* rows = statement->executeQuery(sql);
-        while (rows && rows->next())
-            onRow(rows);
-        return true;
-    } catch (const std::exception& error) {
-        ReportFailure(error.what());
-    }
-    return false;
+    return DDatabase::ForEachRow(sql, onRow);
 }
 
 bool DRulesQuery::FirstRow(const QString& sql, const std::function<void(odbc::ResultSet*)>& onRow) {
-    bool found = false;
-    ForEachRow(sql, [&](odbc::ResultSet* row) {
-        if (!found)
-            onRow(row);
-        found = true;
-    });
-    return found;
+    return DDatabase::FirstRow(sql, onRow);
 }
 
 bool DRulesQuery::HasRow(const QString& sql) {

@@ -32,36 +32,12 @@ namespace {
 constexpr int kRefereeAbilityRolls = 0;
 constexpr int kRefereeHitPointRolls = 1;
 constexpr unsigned kAllAbilityChanges = 0x3F;
-constexpr int kSlotBits = 5;
-constexpr int kSlotMask = 0x1F;
 
+// Every row of one of the small roll tables, in id order.
 template <typename OnRow> void forEachRow(int table, const QString& columns, OnRow onRow) {
-    odbc::Connection* connection = DDatabase::GetConnection();
-    if (!connection)
-        return;
-    try {
-        std::unique_ptr<odbc::Statement> statement(connection->createStatement());
-        odbc::ResultSet* rows =
-            statement->executeQuery(QStringLiteral("SELECT %1 FROM %2 ORDER BY Id")
-                                        .arg(columns, QString(DDatabase::GetTableName(table))));
-        while (rows && rows->next())
-            onRow(rows);
-    } catch (const std::exception& error) {
-        DFailureReporter::Report(QStringLiteral("Query failed"), QString::fromUtf8(error.what()));
-    }
-}
-
-// Used slots of a packed earned or inherent word: they fill from the lowest up.
-int slotCount(int word) {
-    int count = 0;
-    while (count < D_UICharRollDialog::kMaxSlots &&
-           ((unsigned(word) >> (count * kSlotBits)) & kSlotMask) != 0)
-        ++count;
-    return count;
-}
-
-int slotLevel(int word, int slot) {
-    return int((unsigned(word) >> (slot * kSlotBits)) & kSlotMask);
+    DDatabase::ForEachRow(QStringLiteral("SELECT %1 FROM %2 ORDER BY Id")
+                              .arg(columns, QString(DDatabase::GetTableName(table))),
+                          onRow);
 }
 
 int sumLessLowest(const FCArray<int>& dice) {
@@ -713,8 +689,8 @@ void D_UICharRollDialog::ApplyIncreases() {
             {mNotedEarned[size_t(a)], c->GetEarnedAbilityStatRaw(a)},
             {mNotedInherent[size_t(a)], c->GetInherentAbilityStatRaw(a)}};
         for (const auto& [noted, present] : passes) {
-            const int oldCount = slotCount(noted);
-            const int newCount = slotCount(present);
+            const int oldCount = DCharacter::CountPacked(noted);
+            const int newCount = DCharacter::CountPacked(present);
             if (oldCount == newCount || c->IsNullAbility(a))
                 continue;
             if (ability != kAbilityConstitution && ability != kAbilityIntelligence) {
@@ -727,7 +703,8 @@ void D_UICharRollDialog::ApplyIncreases() {
                     DHandBook::RecomputeAndSetHitPoints(c, 0, 1);
                     constitution = true;
                 } else {
-                    DHandBook::RecomputeAndSetSkillPoints(c, slotLevel(present, slot) - 1, 1);
+                    DHandBook::RecomputeAndSetSkillPoints(
+                        c, DCharacter::GetPackedSlot(present, slot) - 1, 1);
                 }
                 DHandBook::SetCharacterAbilityStatBase(c, ability, c->GetAbilityStatBase(a) + 1,
                                                        true);

@@ -18,23 +18,6 @@
 
 namespace {
 
-// Runs one query and hands every row to `onRow`; false, after one report, if it fails.
-template <typename OnRow> bool forEachRow(const QString& sql, OnRow onRow) {
-    odbc::Connection* connection = DDatabase::GetConnection();
-    if (!connection)
-        return false;
-    try {
-        std::unique_ptr<odbc::Statement> statement(connection->createStatement());
-        odbc::ResultSet* rows = statement->executeQuery(sql);
-        while (rows && rows->next())
-            onRow(rows);
-        return true;
-    } catch (const std::exception& error) {
-        DFailureReporter::Report(QStringLiteral("Query failed"), QString::fromUtf8(error.what()));
-    }
-    return false;
-}
-
 // The modifier part of a label: "+2", "-1", or nothing for 0.
 QString modifierText(int modifier) {
     if (modifier == 0)
@@ -70,7 +53,7 @@ void DiceGenFrame::FillDieCombo() {
     const QString sql = QStringLiteral("SELECT Id, Name FROM %1 WHERE (Id>=2) AND (Id<=9999) "
                                        "ORDER BY Id")
                             .arg(DDatabase::GetTableName(kTableDice));
-    forEachRow(sql, [this](odbc::ResultSet* row) {
+    DDatabase::ForEachRow(sql, [this](odbc::ResultSet* row) {
         mDie->addItem(row->getString(QStringLiteral("Name")), row->getInt(QStringLiteral("Id")));
     });
 }
@@ -79,7 +62,7 @@ void DiceGenFrame::LoadQuickButtons() {
     const QString sql = QStringLiteral("SELECT Id, DieCount, DieId, Modifier FROM %1 WHERE "
                                        "(Id>=1) AND (Id<=9)")
                             .arg(DDatabase::GetTableName(kTableDieQuickButtons));
-    forEachRow(sql, [this](odbc::ResultSet* row) {
+    DDatabase::ForEachRow(sql, [this](odbc::ResultSet* row) {
         const int id = row->getInt(QStringLiteral("Id"));
         if (id < 1 || id > kQuickButtonCount)
             return;
