@@ -19,6 +19,7 @@
 #include "FCString.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -54,6 +55,12 @@ void DeskMainWindow::BuildMenus() {
     file->addAction(tr("&New Character..."), QKeySequence::New, this,
                     &DeskMainWindow::NewCharacter);
     file->addAction(tr("&Open..."), QKeySequence::Open, this, &DeskMainWindow::ChooseFileToOpen);
+    mSaveAction =
+        file->addAction(tr("&Save"), QKeySequence::Save, this, &DeskMainWindow::SaveCharacter);
+    mSaveAsAction = file->addAction(tr("Save &As..."), QKeySequence::SaveAs, this,
+                                    &DeskMainWindow::SaveCharacterAs);
+    mSaveAction->setEnabled(false);
+    mSaveAsAction->setEnabled(false);
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
     QMenu* character = menuBar()->addMenu(tr("&Character"));
@@ -152,6 +159,8 @@ bool DeskMainWindow::OpenFile(const QString& path) {
         character->Release();
         return false;
     }
+    // What was added to the race since the file was saved reaches the character.
+    DHandBook::UpdateWithRace(character);
     SetCurrentCharacter(character, path);
     return true;
 }
@@ -247,9 +256,12 @@ void DeskMainWindow::SetCurrentCharacter(DCharacter* character, const QString& f
         mCharacter->Release();
     mCharacter = character;
     mCharacterFile = file;
-    mCharacterEdited = false;
-    if (mAbilityAction)
-        mAbilityAction->setEnabled(mCharacter != nullptr);
+    // A character made here exists nowhere else until it is saved.
+    mCharacterEdited = mCharacter && file.isEmpty();
+    for (QAction* action : {mAbilityAction, mSaveAction, mSaveAsAction}) {
+        if (action)
+            action->setEnabled(mCharacter != nullptr);
+    }
     if (mCharacter)
         ShowCharacter(*mCharacter, mCharacterFile);
 }
@@ -263,6 +275,60 @@ void DeskMainWindow::EditAbilityScores() {
         return;
     mCharacterEdited = true;
     ShowCharacter(*mCharacter, mCharacterFile);
+}
+
+bool DeskMainWindow::SaveCharacter() {
+    if (!mCharacter)
+        return false;
+    if (mCharacterFile.isEmpty())
+        return SaveCharacterAs();
+    return SaveCharacterTo(mCharacterFile);
+}
+
+bool DeskMainWindow::SaveCharacterAs() {
+    if (!mCharacter)
+        return false;
+    QString suggested = mCharacterFile;
+    if (suggested.isEmpty())
+        suggested = QString(mCharacter->GetCharacterName()) + QStringLiteral(".chr");
+    QString path = QFileDialog::getSaveFileName(this, tr("Save Character"), suggested,
+                                                tr("Characters (*.chr);;All files (*)"));
+    if (path.isEmpty())
+        return false;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += QStringLiteral(".chr");
+    return SaveCharacterTo(path);
+}
+
+bool DeskMainWindow::SaveCharacterTo(const QString& path) {
+    // The save is atomic: a failure leaves whatever file stood there untouched.
+    if (!mCharacter->SaveToFile(FCString(path))) {
+        QMessageBox::warning(this, tr("Save Character"),
+                             tr("%1 cannot be written; nothing was changed on disk.").arg(path));
+        return false;
+    }
+    DObjectManager::HandleCharacterSave(FCString(path));
+    mCharacterFile = path;
+    mCharacterEdited = false;
+    ShowCharacter(*mCharacter, mCharacterFile);
+    statusBar()->showMessage(tr("Saved %1").arg(path), 5000);
+    return true;
+}
+
+void DeskMainWindow::closeEvent(QCloseEvent* event) {
+    if (!mCharacter || !mCharacterEdited) {
+        event->accept();
+        return;
+    }
+    const auto answer = QMessageBox::question(
+        this, tr("Quit"),
+        tr("%1 has changes that are not saved.").arg(mCharacter->GetCharacterName()),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Cancel || (answer == QMessageBox::Save && !SaveCharacter())) {
+        event->ignore();
+        return;
+    }
+    event->accept();
 }
 
 void DeskMainWindow::ShowAbout() {

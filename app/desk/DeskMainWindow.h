@@ -6,6 +6,7 @@ class CatalogueDock;
 class DCharacter;
 class DFileObject;
 class QAction;
+class QCloseEvent;
 class QLabel;
 class QTextBrowser;
 
@@ -26,9 +27,18 @@ private slots:
     void ShowEntry(DFileObject* entry);
     void NewCharacter();
     void EditAbilityScores();
+    // False when nothing was saved (no character, the dialog was cancelled, or the write
+    // failed).
+    bool SaveCharacter();
+    bool SaveCharacterAs();
     void ShowAbout();
 
+protected:
+    // Offers to save a character with changes before the window closes.
+    void closeEvent(QCloseEvent* event) override;
+
 private:
+    bool SaveCharacterTo(const QString& path);
     void BuildMenus();
     // A read-only view of a character; `file` is empty for one not saved yet.
     void ShowCharacter(const DCharacter& character, const QString& file);
@@ -46,6 +56,8 @@ private:
     QLabel* mStatus = nullptr;
     CatalogueDock* mCatalogues = nullptr;
     QAction* mAbilityAction = nullptr;
+    QAction* mSaveAction = nullptr;
+    QAction* mSaveAsAction = nullptr;
     DCharacter* mCharacter = nullptr;
     QString mCharacterFile;
     bool mCharacterEdited = false;

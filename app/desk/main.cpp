@@ -8,7 +8,38 @@
 #include <QDir>
 #include <QTimer>
 
+#include <cstdio>
+
+namespace {
+
+bool hasDisplay() {
+    return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsSet("DISPLAY") ||
+           qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+bool asksOnlyForText(int argc, char* argv[]) {
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray arg(argv[i]);
+        if (arg == "-h" || arg == "--help" || arg == "--help-all" || arg == "-v" ||
+            arg == "--version")
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
 int main(int argc, char* argv[]) {
+    // Without a display Qt aborts with a message about platform plugins; say what is wrong
+    // instead, and still answer --help and --version.
+    if (!hasDisplay()) {
+        if (!asksOnlyForText(argc, argv)) {
+            std::fprintf(stderr, "hoard-desk: no display (DISPLAY is not set); start it in a "
+                                 "desktop session or under xvfb-run\n");
+            return 1;
+        }
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication app(argc, argv);
     // Every session rolls differently; the command line offers --seed for repeatable runs.
     FC::SeedRandomFromTime();
