@@ -354,6 +354,9 @@ int CharacterSkills::RunAddSkill(CliContext& context, QStringList args) {
                 .arg(payer->GetRemainingSkillPoints()));
     character->SetActiveClassId(classGuid);
     DHandBook::AddSkill(character.get(), skill.skill, skill.subSkill, usability, ranks, true);
+    // AddSkill passes on the synergies of the skill bought; a skill new to the character may
+    // also be the target of one whose source it already has, which the full pass gives it.
+    DHandBook::ComputeAndSetSkillSkillMods(character.get(), false, QUuid(), QUuid(), 0.0f, 0.0f);
     return saveAndShow(context, *character, path);
 }
 

@@ -237,6 +237,8 @@ public:
     static void UpdateWithRaceSpeed(DCharacter* character);
     static void UpdateWithRaceSpellCasters(DCharacter* character);
 
+    // Weapon and armor proficiency flags from every class's row.
+    static void ComputeAndSetProficiencies(DCharacter* character);
     // What a race editor derives when a race is made: good saves from its creature type, face
     // and reach from its size, and the middle of a ranged skill-point allowance.
     static void InitialRaceSetup(DRace* race);

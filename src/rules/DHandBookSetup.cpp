@@ -5,15 +5,19 @@
 #include "DCharHistory.h"
 #include "DCharStatType.h"
 #include "DCharacter.h"
+#include "DCharacterClass.h"
 #include "DChosenFeat.h"
 #include "DChosenLanguage.h"
 #include "DChosenSkill.h"
+#include "DClassInfo.h"
 #include "DDatabase.h"
 #include "DFileObject.h"
 #include "DOffenseGroup.h"
 #include "DRace.h"
 #include "DSkillPointValues.h"
 #include "DSpecialAttackSpellCaster.h"
+
+#include <iterator>
 
 // Every stage of the setup passes is one named step below, in the order the passes call them.
 // A stage whose computation belongs to another area of the engine is empty until that area
@@ -27,11 +31,6 @@ void AdvanceCharacter(DCharacter*) {
 void ComputeAndSetSpellData(DCharacter*) {
     // Caster flags, caster level, spells per day and known (ComputeAndSetSpellData) come with
     // the spell work.
-}
-
-void ComputeAndSetProficiencies(DCharacter*) {
-    // Weapon and armor proficiencies (ComputeAndSetProficiencies) come with the proficiency
-    // work.
 }
 
 void ComputeAndSetCharacterEncumberance(DCharacter* character) {
@@ -200,6 +199,23 @@ void DHandBook::UpdateWithRaceSpellCasters(DCharacter* character) {
         caster->SetLevel(float(casting->GetCasterLevel()));
         // The caster's low three flag bits (GetCasterFlags, GetSpellCasterLevel) come with the
         // spell work.
+    }
+}
+
+void DHandBook::ComputeAndSetProficiencies(DCharacter* character) {
+    // The class row's six columns in flag order; only added, so a class taken away keeps its
+    // proficiencies until the character is set up anew.
+    static constexpr unsigned kFlags[] = {DCharacter::kProfSimple,     DCharacter::kProfMartial,
+                                          DCharacter::kProfLightArmor, DCharacter::kProfMediumArmor,
+                                          DCharacter::kProfHeavyArmor, DCharacter::kProfShield};
+    for (const DCharacterClass* characterClass : character->GetClassList()) {
+        const DClassInfo* info = DDatabase::GetClassInfoA(characterClass->GetClassGuid());
+        if (!info)
+            continue;
+        for (int i = 0; i < int(std::size(kFlags)); ++i) {
+            if (info->mProficiencies[i])
+                character->AddProfFlag(kFlags[i]);
+        }
     }
 }
 

@@ -156,7 +156,17 @@ TEST_F(FeatTest, OtherPrerequisites) {
     Ref<DCharacter> fighter6 = LevelledCharacter(race.get(), Levels("Fighter", 6));
     EXPECT_EQ(Failing(*fighter6, "Improved Two-Weapon Fighting"), "Dex 17");
 
+    // A fighter's class row makes it proficient with all armor, shields and martial weapons; a
+    // wizard's with none of them.
+    const unsigned allArmor = DCharacter::kProfLightArmor | DCharacter::kProfMediumArmor |
+                              DCharacter::kProfHeavyArmor | DCharacter::kProfShield;
+    EXPECT_EQ(fighter6->GetProfFlags() & allArmor, allArmor);
+    EXPECT_TRUE(fighter6->HasProfFlag(DCharacter::kProfSimple | DCharacter::kProfMartial));
+    Ref<DCharacter> wizard = NewCharacter(race.get(), {"Wizard"});
+    EXPECT_EQ(wizard->GetProfFlags() & (allArmor | DCharacter::kProfMartial), 0u);
+    EXPECT_EQ(Failing(*wizard, "Armor Proficiency (Medium)"), "Armor Proficiency (Light)");
     // Armor proficiency counts as the armor feats it stands for.
+    EXPECT_EQ(Failing(*fighter6, "Armor Proficiency (Heavy)"), "");
     fighter6->RemoveProfFlag(DCharacter::kProfLightArmor | DCharacter::kProfMediumArmor);
     EXPECT_EQ(Failing(*fighter6, "Armor Proficiency (Heavy)"), "Armor Proficiency (Light)");
     fighter6->AddProfFlag(DCharacter::kProfLightArmor | DCharacter::kProfMediumArmor);

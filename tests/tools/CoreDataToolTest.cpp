@@ -1,6 +1,9 @@
 // The race builder as the build runs it: good sources become readable race files, and every
 // fault stops it with the file and line named.
+#include "DChosenFeat.h"
+#include "DChosenSkill.h"
 #include "DChosenSpeed.h"
+#include "DGuid.h"
 #include "DRace.h"
 #include "DRaceAdvance.h"
 #include "TestSupport.h"
@@ -41,14 +44,15 @@ ToolRun runTool(const QString& sourceDir, const QString& outputDir) {
     return result;
 }
 
-QUuid guidOf(const QString& table, const QString& name) {
+QUuid guidOf(const QString& table, const QString& name,
+             const QString& column = QStringLiteral("Guid")) {
     QUuid guid;
     {
         QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "coredata-test");
         db.setDatabaseName(rulesDb());
         if (db.open()) {
             QSqlQuery query(db);
-            query.prepare(QStringLiteral("SELECT Guid FROM %1 WHERE Name = ?").arg(table));
+            query.prepare(QStringLiteral("SELECT %1 FROM %2 WHERE Name = ?").arg(column, table));
             query.addBindValue(name);
             if (query.exec() && query.next())
                 guid = QUuid::fromString(query.value(0).toString());
@@ -67,7 +71,12 @@ const char* const kGoodSource = "# a hill-giant-like test creature\n"
                                 "speed: land 40, fly 60 good\n"
                                 "languages: Common, Giant\n"
                                 "challenge_rating: 1/2\n"
-                                "alignment: Chaotic Evil\n";
+                                "alignment: Chaotic Evil\n"
+                                "skills: Listen +2, craft  (alchemy) +4\n"
+                                "skills: Move Silently +1\n"
+                                "feats: Alertness, Skill Focus (Craft (Alchemy))\n"
+                                "feats: \"Weapon Focus (Longbow, composite)\", "
+                                "Spell Focus (Evocation), Armor Proficiency (Light)\n";
 
 } // namespace
 
@@ -107,6 +116,40 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
     EXPECT_EQ(fly->GetSpeedModId(), 4); // good maneuverability
     EXPECT_EQ(giant->GetLanguageMap().GetCount(), 2);
     EXPECT_NE(giant->GetLanguagePointer(QUuid("{E3628EF2-A099-49F1-BB56-B996F64B04E9}")), nullptr);
+
+    // Racial skill bonuses, a sub-skill by its own GUID; both lines of the repeated key count.
+    const QUuid craft = guidOf("[info Skill]", "Craft");
+    const QUuid alchemy = guidOf("[info Skill Sub]", "Alchemy", "SubGuid");
+    ASSERT_FALSE(alchemy.isNull());
+    const struct {
+        QUuid skill;
+        QUuid subSkill;
+        int bonus;
+    } skills[] = {{guidOf("[info Skill]", "Listen"), {}, 2},
+                  {craft, alchemy, 4},
+                  {guidOf("[info Skill]", "Move Silently"), {}, 1}};
+    EXPECT_EQ(giant->GetSkillSet().GetCount(), 3);
+    for (const auto& expected : skills) {
+        const DChosenSkill* skill = giant->GetSkillPointer(expected.skill, expected.subSkill);
+        ASSERT_NE(skill, nullptr) << expected.bonus;
+        EXPECT_EQ(skill->GetRaceMod(), expected.bonus);
+        EXPECT_EQ(skill->GetTotalRanks(), 0.0f);
+    }
+    EXPECT_EQ(giant->GetSkillPointer(craft, QUuid()), nullptr);
+
+    // Feats with each kind of target: none, a sub-skill, a weapon (sub-target 1 marks the
+    // weapon table), a school by its id (Evocation is 5), and a name that holds parentheses.
+    QUuid weaponTable;
+    DGuid::SetLong(weaponTable, 1);
+    QUuid evocation;
+    DGuid::SetLong(evocation, 5);
+    EXPECT_EQ(giant->GetFeatSet().GetCount(), 5);
+    EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Alertness")));
+    EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Skill Focus"), craft, alchemy));
+    EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Weapon Focus"),
+                               guidOf("[info Weapons]", "Longbow, composite"), weaponTable));
+    EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Spell Focus"), evocation));
+    EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Armor Proficiency (Light)")));
     giant->Release();
 
     DRace* dwarfish = DRace::CreateFromFile(output.filePath("Dwarfish.rac"), false);
@@ -146,6 +189,28 @@ TEST(CoreDataTool, FaultsNameFileAndLine) {
         {"malformed speed", base + "speed: 30 land\n", 5, "'30' names no row"},
         {"key given twice", "size: Large\nsize: Huge\n", 2, "'size' given twice"},
         {"five abilities", "abilities: Str 25, Dex 8, Con 19, Int 6, Wis 10\n", 1, "needs all six"},
+        {"unknown skill", base + "speed: land 30\nskills: Listen +2, Basketry +2\n", 6,
+         "'Basketry' names no row of [info Skill]"},
+        {"unknown sub-skill", "skills: Craft (Cheesemaking) +2\n", 1,
+         "'Craft (Cheesemaking)' names no row"},
+        {"skill without sub-skill", "skills: Craft +2\n", 1, "Craft has sub-skills"},
+        {"skill bonus a word", "skills: Listen two\n", 1, "expected a skill and a bonus"},
+        {"skill without bonus", "skills: Spot\n", 1, "expected a skill and a bonus"},
+        {"skill bonus zero", "skills: Spot +0\n", 1, "must be above 0, not 0"},
+        {"skill bonus negative", "skills: Spot -2\n", 1, "must be above 0, not -2"},
+        {"skill on two lines", "skills: Spot +2\n# more\nskills: Search +1, spot +1\n", 3,
+         "skill 'Spot' given twice"},
+        {"unknown feat", "feats: Alertness, Napping\n", 1, "'Napping' names no row of [info Feat]"},
+        {"feat without its target", "feats: Weapon Focus\n", 1, "Weapon Focus needs a target"},
+        {"feat with a target it does not take", "feats: Alertness (Longsword)\n", 1,
+         "Alertness takes no target"},
+        {"unknown weapon target", "feats: Weapon Focus (Lightsaber)\n", 1,
+         "'Lightsaber' names no row of [info Weapons]"},
+        {"unknown skill target", "feats: Skill Focus (Knitting)\n", 1, "'Knitting' names no skill"},
+        {"unknown school target", "feats: Spell Focus (Chronomancy)\n", 1,
+         "'Chronomancy' names no row of [info Spell Schools]"},
+        {"feat twice", "feats: Weapon Focus (Longsword)\nfeats: weapon focus (longsword)\n", 2,
+         "given twice"},
     };
     for (const auto& c : cases) {
         QTemporaryDir sources, output;

@@ -32,7 +32,11 @@ const struct {
     {"[types Creature Treasure]", false},
     {"[types Dice]", false},
     {"[info Weapons]", true},
+    {"[info Feat]", true},
+    {"[info Spell Schools]", false},
 };
+
+const char* const kFeatTable = "[info Feat]";
 
 } // namespace
 
@@ -41,7 +45,7 @@ bool NameIndex::Load(QString& error) {
         if (!LoadTable(QString::fromLatin1(t.table), t.byGuid, error))
             return false;
     }
-    return true;
+    return LoadSkills(error);
 }
 
 bool NameIndex::LoadTable(const QString& table, bool byGuid, QString& error) {
@@ -62,6 +66,8 @@ bool NameIndex::LoadTable(const QString& table, bool byGuid, QString& error) {
             else
                 row.id = rows->getInt(QStringLiteral("Id"));
             row.name = rows->getString(QStringLiteral("Name")).trimmed();
+            if (table == QLatin1String(kFeatTable))
+                row.extra = rows->getInt(QStringLiteral("Target"));
             list.append(row);
         }
         mTables.insert(table, list);
@@ -96,4 +102,58 @@ QStringList NameIndex::Names(const QString& table) const {
     for (const Row& row : mTables.value(table))
         names << row.name;
     return names;
+}
+
+bool NameIndex::LoadSkills(QString& error) {
+    odbc::Connection* connection = DDatabase::GetConnection();
+    if (!connection) {
+        error = QStringLiteral("the rules database is not open");
+        return false;
+    }
+    try {
+        std::unique_ptr<odbc::Statement> statement(connection->createStatement());
+        QHash<QUuid, QString> parents;
+        odbc::ResultSet* skills =
+            statement->executeQuery(QStringLiteral("SELECT Guid, Name, IsMulti FROM [info Skill]"));
+        while (skills && skills->next()) {
+            Skill skill;
+            skill.skill = skills->getGUID(QStringLiteral("Guid"));
+            skill.name = skills->getString(QStringLiteral("Name")).trimmed();
+            skill.hasSubSkills = skills->getInt(QStringLiteral("IsMulti")) != 0;
+            parents.insert(skill.skill, skill.name);
+            mSkills.append(skill);
+        }
+        odbc::ResultSet* subSkills = statement->executeQuery(
+            QStringLiteral("SELECT Guid, SubGuid, Name FROM [info Skill Sub]"));
+        while (subSkills && subSkills->next()) {
+            Skill sub;
+            sub.skill = subSkills->getGUID(QStringLiteral("Guid"));
+            sub.subSkill = subSkills->getGUID(QStringLiteral("SubGuid"));
+            sub.name = QStringLiteral("%1 (%2)").arg(
+                parents.value(sub.skill), subSkills->getString(QStringLiteral("Name")).trimmed());
+            mSkills.append(sub);
+        }
+    } catch (const std::exception& failure) {
+        error = QStringLiteral("cannot read the skills: %1").arg(QString::fromUtf8(failure.what()));
+        return false;
+    }
+    return true;
+}
+
+const NameIndex::Skill* NameIndex::FindSkill(const QString& name) const {
+    // "Craft  (Alchemy)" and "craft (alchemy)" name the same sub-skill.
+    const QString wanted = name.simplified().replace(QStringLiteral("( "), QStringLiteral("("));
+    for (const Skill& skill : mSkills) {
+        if (skill.name.compare(wanted, Qt::CaseInsensitive) == 0)
+            return &skill;
+    }
+    return nullptr;
+}
+
+int NameIndex::FeatTargetType(const QUuid& feat) const {
+    for (const Row& row : mTables.value(QString::fromLatin1(kFeatTable))) {
+        if (row.guid == feat)
+            return row.extra;
+    }
+    return 0;
 }

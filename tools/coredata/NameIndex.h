@@ -20,13 +20,30 @@ public:
     // The names a table holds, for a message that says what would have been accepted.
     QStringList Names(const QString& table) const;
 
+    // A skill of "[info Skill]", or one sub-skill of it from "[info Skill Sub]" named
+    // "Craft (Alchemy)". A skill with sub-skills is listed with `hasSubSkills` set.
+    struct Skill {
+        QString name;
+        QUuid skill;
+        QUuid subSkill;
+        bool hasSubSkills = false;
+    };
+    // Null if the name matches no skill and no sub-skill.
+    const Skill* FindSkill(const QString& name) const;
+
+    // The "[types Feat Target]" row of a feat of "[info Feat]"; 0 (none) for an unknown feat.
+    int FeatTargetType(const QUuid& feat) const;
+
 private:
     bool LoadTable(const QString& table, bool byGuid, QString& error);
+    bool LoadSkills(QString& error);
 
     struct Row {
         int id = -1;
         QUuid guid;
         QString name;
+        int extra = 0; // the feat target type for "[info Feat]"
     };
     QHash<QString, QList<Row>> mTables;
+    QList<Skill> mSkills;
 };

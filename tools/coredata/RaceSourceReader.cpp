@@ -3,8 +3,11 @@
 #include "DHandBook.h"
 
 #include "CoreDataError.h"
+#include "DChosenFeat.h"
 #include "DChosenLanguage.h"
+#include "DChosenSkill.h"
 #include "DChosenSpeed.h"
+#include "DGuid.h"
 #include "DRace.h"
 #include "DRaceAdvance.h"
 #include "DSpecialAttack.h"
@@ -22,7 +25,13 @@ const QStringList kSaveNames = {"Fort", "Ref", "Will"};
 const QStringList kGenderNames = {"male", "female"};
 
 // Keys that may appear more than once: each line adds one entry.
-const QSet<QString> kRepeatable = {"feature"};
+const QSet<QString> kRepeatable = {"feature", "skills", "feats"};
+
+// Rows of "[types Feat Target]" a source can name.
+constexpr int kFeatTargetNone = 0;
+constexpr int kFeatTargetWeapon = 1;
+constexpr int kFeatTargetSkill = 2;
+constexpr int kFeatTargetSchool = 3;
 
 const struct {
     const char* name;
@@ -92,7 +101,9 @@ QStringList RaceSourceReader::Keys() {
             "height",
             "weight",
             "weapon_proficiencies",
-            "flags"};
+            "flags",
+            "skills",
+            "feats"};
 }
 
 void RaceSourceReader::Read(const QString& path, DRace& race) {
@@ -332,6 +343,10 @@ void RaceSourceReader::Apply(const QString& key, const QString& value, DRace& ra
             race.AddWeaponProf(GuidOf("[info Weapons]", name));
     } else if (key == "flags")
         SetFlags(value, race);
+    else if (key == "skills")
+        SetSkills(value, race);
+    else if (key == "feats")
+        SetFeats(value, race);
 }
 
 void RaceSourceReader::SetAbilities(const QString& value, DRace& race, bool adjustments) {
@@ -448,5 +463,101 @@ void RaceSourceReader::SetFlags(const QString& value, DRace& race) {
         if (!flag)
             Fail(QStringLiteral("unknown flag '%1'").arg(item));
         race.AddRaceFlag(flag);
+    }
+}
+
+void RaceSourceReader::SetSkills(const QString& value, DRace& race) {
+    static const QRegularExpression form(QStringLiteral("^(.+?)\\s+([+-]?\\d+)$"));
+    for (const QString& item : List(value)) {
+        const QRegularExpressionMatch match = form.match(item);
+        if (!match.hasMatch())
+            Fail(QStringLiteral("expected a skill and a bonus such as 'Listen +2', got '%1'")
+                     .arg(item));
+        const NameIndex::Skill* skill = mNames.FindSkill(match.captured(1));
+        if (!skill)
+            Fail(QStringLiteral("'%1' names no row of [info Skill] or [info Skill Sub]")
+                     .arg(match.captured(1)));
+        if (skill->hasSubSkills)
+            Fail(
+                QStringLiteral("%1 has sub-skills: name one, such as '%1 (...)'").arg(skill->name));
+        const int bonus = Integer(match.captured(2));
+        // A character takes over only racial bonuses above 0.
+        if (bonus <= 0)
+            Fail(QStringLiteral("the racial bonus of %1 must be above 0, not %2")
+                     .arg(skill->name)
+                     .arg(bonus));
+        if (race.GetSkillPointer(skill->skill, skill->subSkill))
+            Fail(QStringLiteral("skill '%1' given twice").arg(skill->name));
+        auto* chosen = new DChosenSkill(skill->skill, skill->subSkill);
+        chosen->SetRaceMod(bonus);
+        chosen->AddSkillFlag(DChosenSkill::kSkillFixed);
+        race.AddSkill(chosen);
+        chosen->Release();
+    }
+}
+
+void RaceSourceReader::SetFeats(const QString& value, DRace& race) {
+    static const QRegularExpression targeted(QStringLiteral("^(.+?)\\s*\\((.+)\\)$"));
+    for (const QString& item : List(value)) {
+        // A feat whose own name ends in parentheses ("Armor Proficiency (Light)") comes first.
+        QString name = item;
+        QString target;
+        if (mNames.FindGuid("[info Feat]", item).isNull()) {
+            const QRegularExpressionMatch match = targeted.match(item);
+            if (match.hasMatch()) {
+                name = match.captured(1);
+                target = match.captured(2).trimmed();
+            }
+        }
+        auto* feat = new DChosenFeat;
+        try {
+            feat->SetFeatGuid(GuidOf("[info Feat]", name));
+            SetFeatTarget(*feat, name, target);
+            if (race.GetFeatPointer(*feat))
+                Fail(QStringLiteral("feat '%1' given twice").arg(item));
+        } catch (...) {
+            feat->Release();
+            throw;
+        }
+        race.AddFeat(feat);
+        feat->Release();
+    }
+}
+
+void RaceSourceReader::SetFeatTarget(DChosenFeat& feat, const QString& featName,
+                                     const QString& target) const {
+    const int type = mNames.FeatTargetType(feat.GetFeatGuid());
+    if (type == kFeatTargetNone) {
+        if (!target.isEmpty())
+            Fail(QStringLiteral("%1 takes no target, got '%2'").arg(featName, target));
+        return;
+    }
+    if (target.isEmpty())
+        Fail(QStringLiteral("%1 needs a target in parentheses, such as '%1 (...)'").arg(featName));
+    switch (type) {
+    case kFeatTargetWeapon: {
+        feat.SetTargetGuid(GuidOf("[info Weapons]", target));
+        // Sub-target 1: the target is a row of the weapon table.
+        QUuid weaponTable;
+        DGuid::SetLong(weaponTable, 1);
+        feat.SetTargetSubGuid(weaponTable);
+        return;
+    }
+    case kFeatTargetSkill: {
+        const NameIndex::Skill* skill = mNames.FindSkill(target);
+        if (!skill || skill->hasSubSkills)
+            Fail(QStringLiteral("'%1' names no skill or sub-skill").arg(target));
+        feat.SetTargetGuid(skill->skill);
+        feat.SetTargetSubGuid(skill->subSkill);
+        return;
+    }
+    case kFeatTargetSchool: {
+        QUuid school;
+        DGuid::SetLong(school, Id("[info Spell Schools]", target));
+        feat.SetTargetGuid(school);
+        return;
+    }
+    default:
+        Fail(QStringLiteral("%1 takes a kind of target a source cannot name").arg(featName));
     }
 }

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QUuid>
 
+class DChosenFeat;
 class DRace;
 class NameIndex;
 
@@ -40,6 +41,12 @@ private:
     void SetBodyStat(const QString& value, DRace& race, bool height);
     void SetTreasure(const QString& value, DRace& race);
     void SetFlags(const QString& value, DRace& race);
+    // "Listen +2, Craft (Alchemy) +2": racial skill bonuses.
+    void SetSkills(const QString& value, DRace& race);
+    // "Alertness, Weapon Focus (Longsword)": racial feats, with a weapon, skill or school
+    // as target in parentheses.
+    void SetFeats(const QString& value, DRace& race);
+    void SetFeatTarget(DChosenFeat& feat, const QString& featName, const QString& target) const;
 
     const NameIndex& mNames;
     QString mFile;

@@ -56,6 +56,26 @@ def read_names(rows_dir, table):
     return names
 
 
+def read_skill_points(rows_dir):
+    """Skill points per hit die of each creature type class, by name."""
+    path = os.path.join(rows_dir, "info Class.tsv")
+    points = {}
+    with open(path, encoding="utf-8") as f:
+        header = None
+        for line in f:
+            line = line.rstrip("\n")
+            if not line or line.startswith("#"):
+                continue
+            cells = line.split("\t")
+            if header is None:
+                header = cells
+                continue
+            row = dict(zip(header, cells))
+            if row["ClassType"] == "2":
+                points[row["Name"]] = int(row["SkillPPL"])
+    return points
+
+
 def split_top(text, seps=",;"):
     """Splits at separators outside parentheses."""
     parts, depth, cur = [], 0, ""
@@ -99,6 +119,7 @@ class Converter:
         self.attacks = read_names(rows_dir, "types Race Special Attacks")
         self.qualities = read_names(rows_dir, "types Race Special Quality")
         self.subtypes = read_names(rows_dir, "info Race Subtypes")
+        self.type_skill_points = read_skill_points(rows_dir)
         self.gaps = collections.Counter()
 
     def gap(self, what):
@@ -183,6 +204,9 @@ class Converter:
             return None, "abilities '%s'" % row["Abilities"]
         out.append("abilities: " + ", ".join(
             "%s %s" % (k, "-" if not ab[k].isdigit() else ab[k]) for k in ABILITIES))
+        points = self.skill_points(ctype, number(hd.group(1)), ab["Int"])
+        if points:
+            out.append("skill_points: %d" % points)
 
         nat = re.search(r"([+-]\d+)\s+natural", row["Armor Class"])
         if nat:
@@ -268,6 +292,17 @@ class Converter:
         for f in feats:
             out.append("feature: " + f)
         return out, None
+
+    def skill_points(self, ctype, hit_dice, intelligence):
+        """(per hit die + Int modifier, at least 1) x (HD + 3), a fraction of a hit die counting
+        as one. The type's class row multiplies by HD alone and has no floor, so the figure is
+        written per creature. Mindless creatures (no Int) have no skill points, which the record
+        cannot say: 0 there means "use the type's formula"."""
+        if not intelligence.isdigit():
+            self.gap("no Intelligence: no skill points written")
+            return 0
+        per_die = max(1, self.type_skill_points[ctype] + (int(intelligence) - 10) // 2)
+        return per_die * (max(1, int(hit_dice)) + 3)
 
     def alignment(self, text):
         t = text.strip().lower()
