@@ -1,6 +1,8 @@
 #include "PostgresWriter.h"
 
 #include "BuildError.h"
+#include "SqlConnectionGuard.h"
+#include "SqlText.h"
 
 #include <QRegularExpression>
 #include <QSqlDatabase>
@@ -13,46 +15,6 @@ namespace {
 QString connectionFile() {
     return QStringLiteral("connection");
 }
-
-QString typeText(const ColumnDef& column) {
-    switch (column.type) {
-    case ColumnDef::Type::Integer:
-        return QStringLiteral("INTEGER");
-    case ColumnDef::Type::Real:
-        return QStringLiteral("DOUBLE PRECISION"); // SQLite's REAL holds eight bytes too
-    case ColumnDef::Type::Varchar:
-        return QStringLiteral("VARCHAR(%1)").arg(column.length);
-    case ColumnDef::Type::Text:
-        break;
-    }
-    return QStringLiteral("TEXT");
-}
-
-QString defaultText(const ColumnDef& column) {
-    if (column.type == ColumnDef::Type::Integer || column.type == ColumnDef::Type::Real)
-        return column.defaultValue;
-    QString quoted = column.defaultValue;
-    return u'\'' + quoted.replace(u'\'', QLatin1String("''")) + u'\'';
-}
-
-QString keyText(const QStringList& columns) {
-    QStringList names;
-    for (const QString& column : columns)
-        names.append(PostgresWriter::quotedName(column));
-    return names.join(QLatin1String(", "));
-}
-
-// Removes the connection when the scope ends, whatever happened inside it.
-class ConnectionGuard {
-public:
-    explicit ConnectionGuard(QString name) : mName(std::move(name)) {}
-    ~ConnectionGuard() { QSqlDatabase::removeDatabase(mName); }
-    ConnectionGuard(const ConnectionGuard&) = delete;
-    ConnectionGuard& operator=(const ConnectionGuard&) = delete;
-
-private:
-    QString mName;
-};
 
 } // namespace
 
@@ -100,17 +62,20 @@ QString PostgresWriter::quotedName(const QString& name) {
 QString PostgresWriter::createStatement(const TableDef& table) {
     QStringList parts;
     for (const ColumnDef& column : table.columns) {
-        QString part = quotedName(column.name) + u' ' + typeText(column);
+        QString part = quotedName(column.name) + u' ' +
+                       SqlText::Type(column, QStringLiteral("DOUBLE PRECISION"));
         if (column.notNull)
             part += QLatin1String(" NOT NULL");
         if (column.hasDefault)
-            part += QLatin1String(" DEFAULT ") + defaultText(column);
+            part += QLatin1String(" DEFAULT ") + SqlText::Default(column);
         parts.append(part);
     }
     if (!table.primaryKey.isEmpty())
-        parts.append(QLatin1String("PRIMARY KEY (") + keyText(table.primaryKey) + u')');
+        parts.append(QLatin1String("PRIMARY KEY (") +
+                     SqlText::NameList(table.primaryKey, PostgresWriter::quotedName) + u')');
     for (const QStringList& key : table.uniqueKeys)
-        parts.append(QLatin1String("UNIQUE (") + keyText(key) + u')');
+        parts.append(QLatin1String("UNIQUE (") +
+                     SqlText::NameList(key, PostgresWriter::quotedName) + u')');
     return QStringLiteral("CREATE TABLE %1 (%2)")
         .arg(quotedName(table.name), parts.join(QLatin1String(", ")));
 }
@@ -130,7 +95,7 @@ void PostgresWriter::write(const QString& connectionText, const QList<RuleTable>
                            const QList<SchemaParser::Index>& indexes) const {
     const Connection target = parseConnection(connectionText);
     const QString name = QStringLiteral("hoard-rulesdb-pg");
-    ConnectionGuard guard(name);
+    SqlConnectionGuard guard(name);
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name);
         if (!db.isValid())

@@ -1,6 +1,8 @@
 #include "SqliteWriter.h"
 
 #include "BuildError.h"
+#include "SqlConnectionGuard.h"
+#include "SqlText.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,64 +21,24 @@ QString bracketed(const QString& name) {
     return u'[' + name + u']';
 }
 
-QString typeText(const ColumnDef& column) {
-    switch (column.type) {
-    case ColumnDef::Type::Integer:
-        return QStringLiteral("INTEGER");
-    case ColumnDef::Type::Real:
-        return QStringLiteral("REAL");
-    case ColumnDef::Type::Varchar:
-        return QStringLiteral("VARCHAR(%1)").arg(column.length);
-    case ColumnDef::Type::Text:
-        break;
-    }
-    return QStringLiteral("TEXT");
-}
-
-QString defaultText(const ColumnDef& column) {
-    const bool isText =
-        column.type == ColumnDef::Type::Varchar || column.type == ColumnDef::Type::Text;
-    if (!isText)
-        return column.defaultValue;
-    QString quoted = column.defaultValue;
-    return u'\'' + quoted.replace(u'\'', QLatin1String("''")) + u'\'';
-}
-
-QString keyText(const QStringList& columns) {
-    QStringList names;
-    for (const QString& column : columns)
-        names.append(bracketed(column));
-    return names.join(QLatin1String(", "));
-}
-
-// Removes the connection when the scope ends, whatever happened inside it.
-class ConnectionGuard {
-public:
-    explicit ConnectionGuard(QString name) : mName(std::move(name)) {}
-    ~ConnectionGuard() { QSqlDatabase::removeDatabase(mName); }
-    ConnectionGuard(const ConnectionGuard&) = delete;
-    ConnectionGuard& operator=(const ConnectionGuard&) = delete;
-
-private:
-    QString mName;
-};
-
 } // namespace
 
 QString SqliteWriter::createStatement(const TableDef& table) {
     QStringList parts;
     for (const ColumnDef& column : table.columns) {
-        QString part = bracketed(column.name) + u' ' + typeText(column);
+        QString part =
+            bracketed(column.name) + u' ' + SqlText::Type(column, QStringLiteral("REAL"));
         if (column.notNull)
             part += QLatin1String(" NOT NULL");
         if (column.hasDefault)
-            part += QLatin1String(" DEFAULT ") + defaultText(column);
+            part += QLatin1String(" DEFAULT ") + SqlText::Default(column);
         parts.append(part);
     }
     if (!table.primaryKey.isEmpty())
-        parts.append(QLatin1String("PRIMARY KEY (") + keyText(table.primaryKey) + u')');
+        parts.append(QLatin1String("PRIMARY KEY (") +
+                     SqlText::NameList(table.primaryKey, bracketed) + u')');
     for (const QStringList& key : table.uniqueKeys)
-        parts.append(QLatin1String("UNIQUE (") + keyText(key) + u')');
+        parts.append(QLatin1String("UNIQUE (") + SqlText::NameList(key, bracketed) + u')');
     return QStringLiteral("CREATE TABLE %1 (%2)").arg(table.name, parts.join(QLatin1String(", ")));
 }
 
@@ -99,7 +61,7 @@ void SqliteWriter::write(const QString& path, const QList<RuleTable>& tables,
     try {
         const QString connection = QLatin1String("hoard-rulesdb-") + temporaryPath;
         {
-            ConnectionGuard guard(connection);
+            SqlConnectionGuard guard(connection);
             fill(connection, temporaryPath, tables, indexes);
         }
         std::error_code error;
