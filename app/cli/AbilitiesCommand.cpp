@@ -2,12 +2,9 @@
 
 #include "CliContext.h"
 #include "CliLookup.h"
-#include "Connection.h"
 #include "DDatabase.h"
-#include "DFailureReporter.h"
 #include "DHandBook.h"
-#include "ResultSet.h"
-#include "Statement.h"
+#include "DRollTables.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -19,28 +16,6 @@
 namespace {
 
 const QList<int> kFixedArray = {15, 14, 13, 12, 10, 8};
-
-struct Campaign {
-    int id = -1;
-    QString name;
-    int points = 0;
-};
-
-// Every row of one of the small roll tables, in id order.
-template <typename OnRow> void forEachRow(int table, const QString& columns, OnRow onRow) {
-    DDatabase::ForEachRow(QStringLiteral("SELECT %1 FROM %2 ORDER BY Id")
-                              .arg(columns, QString(DDatabase::GetTableName(table))),
-                          onRow);
-}
-
-QList<Campaign> campaigns() {
-    QList<Campaign> found;
-    forEachRow(kTableRollCampaigns, QStringLiteral("Id, Name, Points"), [&](odbc::ResultSet* row) {
-        found.append({row->getInt(QStringLiteral("Id")), row->getString(QStringLiteral("Name")),
-                      row->getInt(QStringLiteral("Points"))});
-    });
-    return found;
-}
 
 QString modifierText(int score) {
     const int modifier = DHandBook::GetAbilityModifier(score);
@@ -125,14 +100,11 @@ int AbilitiesCommand::FindMethod(const QString& text) {
 }
 
 QString AbilitiesCommand::MethodName(int id) {
-    QString name;
-    forEachRow(kTableRollMethods, QStringLiteral("Id, Name"), [&](odbc::ResultSet* row) {
-        if (row->getInt(QStringLiteral("Id")) == id)
-            name = row->getString(QStringLiteral("Name"));
-    });
-    if (name.isEmpty())
-        name = QString::fromLatin1(Methods().value(id).shortName);
-    return name;
+    for (const DRollTables::Row& row : DRollTables::Methods()) {
+        if (row.id == id)
+            return row.name;
+    }
+    return QString::fromLatin1(Methods().value(id).shortName);
 }
 
 QString AbilitiesCommand::Help() const {
@@ -250,10 +222,10 @@ int AbilitiesCommand::Run(CliContext& context, QStringList args) {
         return 1;
     QString campaignName;
     if (method == kRollPointBuyCampaign) {
-        const QList<Campaign> known = campaigns();
+        const QList<DRollTables::Row> known = DRollTables::Campaigns();
         QStringList names;
-        const Campaign* chosen = nullptr;
-        for (const Campaign& campaign : known) {
+        const DRollTables::Row* chosen = nullptr;
+        for (const DRollTables::Row& campaign : known) {
             names << campaign.name;
             if (campaignText.trimmed() == QString::number(campaign.id) ||
                 campaign.name.compare(campaignText.trimmed(), Qt::CaseInsensitive) == 0)

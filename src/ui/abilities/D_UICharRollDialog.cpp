@@ -1,15 +1,12 @@
 #include "D_UICharRollDialog.h"
 
-#include "Connection.h"
 #include "DCharHistory.h"
 #include "DCharStatType.h"
 #include "DCharacter.h"
 #include "DDatabase.h"
 #include "DDieRoller.h"
-#include "DFailureReporter.h"
 #include "DHandBook.h"
-#include "ResultSet.h"
-#include "Statement.h"
+#include "DRollTables.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -32,13 +29,6 @@ namespace {
 constexpr int kRefereeAbilityRolls = 0;
 constexpr int kRefereeHitPointRolls = 1;
 constexpr unsigned kAllAbilityChanges = 0x3F;
-
-// Every row of one of the small roll tables, in id order.
-template <typename OnRow> void forEachRow(int table, const QString& columns, OnRow onRow) {
-    DDatabase::ForEachRow(QStringLiteral("SELECT %1 FROM %2 ORDER BY Id")
-                              .arg(columns, QString(DDatabase::GetTableName(table))),
-                          onRow);
-}
 
 int sumLessLowest(const FCArray<int>& dice) {
     if (dice.IsEmpty())
@@ -163,17 +153,11 @@ int D_UICharRollDialog::PointBuyMaximum(int value, int remaining) {
 }
 
 void D_UICharRollDialog::FillCombos() {
-    forEachRow(kTableRollMethods, QStringLiteral("Id, Name"), [this](odbc::ResultSet* row) {
-        mRollMethodCombo->addItem(row->getString(QStringLiteral("Name")),
-                                  row->getInt(QStringLiteral("Id")));
-    });
-    forEachRow(
-        kTableRollCampaigns, QStringLiteral("Id, Name, Points"), [this](odbc::ResultSet* row) {
-            const int points = row->getInt(QStringLiteral("Points"));
-            mCampaignCombo->addItem(
-                QStringLiteral("%1 (%2)").arg(row->getString(QStringLiteral("Name"))).arg(points),
-                points);
-        });
+    for (const DRollTables::Row& method : DRollTables::Methods())
+        mRollMethodCombo->addItem(method.name, method.id);
+    for (const DRollTables::Row& campaign : DRollTables::Campaigns())
+        mCampaignCombo->addItem(QStringLiteral("%1 (%2)").arg(campaign.name).arg(campaign.points),
+                                campaign.points);
     const QString names[] = {tr("Strength"),     tr("Dexterity"), tr("Constitution"),
                              tr("Intelligence"), tr("Wisdom"),    tr("Charisma")};
     for (int ability = 0; ability < kAbilityCount; ++ability) {
