@@ -69,15 +69,7 @@ int CharacterAbility::RunSetAbility(CliContext& context, QStringList args) {
         return CliContext::Fail(
             QStringLiteral("%1 has no %2 score to set").arg(name, AbilityName(ability)));
     }
-    // Hit points and skill points already taken follow the score before it changes, as the
-    // roll dialog does on acceptance.
-    const auto type = DAbilityStatType(ability);
-    const int delta = value - character->GetAbilityStatBase(ability);
-    if (type == kAbilityConstitution)
-        DHandBook::RecomputeAndSetHitPoints(character, 0, delta);
-    else if (type == kAbilityIntelligence)
-        DHandBook::RecomputeAndSetSkillPoints(character, 0, delta);
-    DHandBook::SetCharacterAbilityStatBase(character, type, value, false);
+    DHandBook::ChangeAbilityStatBase(character, DAbilityStatType(ability), value, false);
     const int score = character->GetAbilityStat(ability);
     const bool saved = character->SaveToFile(FCString(path));
     character->Release();

@@ -2,20 +2,78 @@
 
 #include "CharacterCommand.h"
 #include "CliContext.h"
+#include "CliLookup.h"
 #include "DCharacter.h"
+#include "DChosenFeat.h"
+#include "DDatabase.h"
+#include "DFeatInfo.h"
 #include "DFileObject.h"
+#include "DHandBook.h"
 #include "DObjectManager.h"
 #include "DOptions.h"
-#include "DRace.h"
+#include "DSkillInfo.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 
+namespace {
+
+// Tordek's rolled scores, before the dwarf's Con +2 and Cha -2.
+constexpr int kScores[kAbilityCount] = {15, 13, 14, 10, 12, 8};
+constexpr int kFighterLevels = 4;
+
+QUuid featNamed(const QString& name) {
+    for (const auto& [guid, info] : DDatabase::GetFeatInfoMap()) {
+        if (static_cast<const DFeatInfo*>(info)->GetFeatName() == name)
+            return guid;
+    }
+    return QUuid();
+}
+
+QUuid skillNamed(const QString& name) {
+    for (const auto& [guid, info] : DDatabase::GetSkillInfoMap()) {
+        if (static_cast<const DSkillInfo*>(info)->GetSkillName() == name)
+            return guid;
+    }
+    return QUuid();
+}
+
+// A dwarf fighter 4 built the way `character new`, `set-ability`, `add-skill` and `add-feat`
+// build one, so that the demo runs every stage of the rules once.
+bool buildTordek(DCharacter& character, DFileObject* dwarf) {
+    character.SetCharacterName(FCString("Tordek"));
+    character.SetPlayerName(FCString("Demo Player"));
+    DHandBook::SetupCharacterWithRace(&character, dwarf);
+    if (!character.GetRace())
+        return false;
+    const QUuid fighter = CharacterCommand::FindClass(QStringLiteral("Fighter"));
+    for (int level = 0; level < kFighterLevels; ++level)
+        character.AddHistory(fighter, 1.0f);
+    DHandBook::CharacterSetup(&character, true);
+    for (int ability = 0; ability < kAbilityCount; ++ability)
+        DHandBook::ChangeAbilityStatBase(&character, DAbilityStatType(ability), kScores[ability],
+                                         false);
+    character.SetActiveClassId(fighter);
+    DHandBook::AddSkill(&character, skillNamed(QStringLiteral("Climb")), QUuid(), 1, 4.0f, true);
+    for (const char* name : {"Power Attack", "Cleave"}) {
+        auto* feat = new DChosenFeat();
+        feat->SetFeatGuid(featNamed(QString::fromLatin1(name)));
+        DHandBook::AddFeat(&character, true, feat);
+        feat->Release();
+    }
+    return true;
+}
+
+} // namespace
+
 QString DemoCommand::Help() const {
     return QStringLiteral("Usage: hoard demo [--json]\n\n"
-                          "Works in a scratch folder that is removed afterwards: writes a race "
-                          "file,\n"
-                          "builds a character on it, saves it, reads it back and prints it.\n");
+                          "Works in a scratch folder that is removed afterwards: builds Tordek, "
+                          "a dwarf\n"
+                          "fighter 4, by the rules (scores 15/13/14/10/12/8, Climb, Power Attack, "
+                          "Cleave),\n"
+                          "saves him, reads him back and prints him. --seed makes the rolls "
+                          "repeatable.\n");
 }
 
 int DemoCommand::Run(CliContext& context, QStringList args) {
@@ -28,31 +86,26 @@ int DemoCommand::Run(CliContext& context, QStringList args) {
         return CliContext::Fail(QStringLiteral("cannot make a scratch folder"));
     // The scratch folder stands in for the user folder, so the demo leaves no trace.
     DOptions::SetUserDataPath(FCString(scratch.path()));
-    context.StartLibrary();
-
-    DRace race;
-    const QString racePath = scratch.path() + "/Races/Demo Human.rac";
-    QDir().mkpath(scratch.path() + "/Races");
-    if (!race.SaveToFile(FCString(racePath)))
-        return CliContext::Fail(QStringLiteral("cannot write %1").arg(racePath));
-    DObjectManager::HandleRaceSave(FCString(racePath));
-
+    if (!context.StartLibrary())
+        return 1;
+    DFileObject* dwarf = CliLookup::FindRace(QStringLiteral("Dwarf"));
+    if (!dwarf)
+        return CliContext::Fail(
+            QStringLiteral("the ready race Dwarf is not installed in %1").arg(context.DataDir()));
     DCharacter character;
-    character.SetCharacterName(FCString("Tordek"));
-    character.SetPlayerName(FCString("Demo Player"));
-    character.SetRaceFileObject(
-        DObjectManager::CreateFileObject(kObjectRace, kFileUser, FCString("Demo Human.rac")));
-    character.SetRace(&race);
+    if (!buildTordek(character, dwarf))
+        return CliContext::Fail(
+            QStringLiteral("the race file %1 cannot be read").arg(dwarf->GetAccessFilePath()));
     const QString characterPath = scratch.path() + "/Characters/Tordek.chr";
+    QDir().mkpath(scratch.path() + "/Characters");
     if (!character.SaveToFile(FCString(characterPath)))
         return CliContext::Fail(QStringLiteral("cannot write %1").arg(characterPath));
 
-    DCharacter* reloaded = DCharacter::CreateFromFile(FCString(characterPath), false, nullptr);
-    if (!reloaded || reloaded->GetLoadResult() != 0) {
-        if (reloaded)
-            reloaded->Release();
-        return CliContext::Fail(QStringLiteral("the saved character could not be read back"));
-    }
+    QString error;
+    DCharacter* reloaded = CharacterCommand::LoadCharacter(characterPath, error);
+    if (!reloaded)
+        return CliContext::Fail(
+            QStringLiteral("the saved character could not be read back: %1").arg(error));
     if (!context.WantsJson())
         CliContext::PrintLine(QStringLiteral("Saved and reloaded %1:\n").arg(characterPath));
     CharacterCommand::PrintCharacter(*reloaded, characterPath, context.WantsJson());

@@ -57,6 +57,10 @@ public:
     static void AdjustCharacterAbilityStatEquipBonus(DCharacter* character,
                                                      DAbilityStatType ability, int delta,
                                                      bool notify);
+    // A new base for a score of a character already set up: the hit points (Constitution) and
+    // skill points (Intelligence) of the levels taken follow first, then the score changes.
+    static void ChangeAbilityStatBase(DCharacter* character, DAbilityStatType ability, int value,
+                                      bool notify);
     static void ComputeAndSetEarnedAbilityPoints(DCharacter* character);
     static FCString BuildAbilityBonusesString(DCharacter* character);
     static FCString BuildLevelString(int level);

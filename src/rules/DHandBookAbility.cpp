@@ -191,6 +191,16 @@ void DHandBook::AdjustCharacterAbilityStatEquipBonus(DCharacter* character,
     HandleAbilityStatChange(character, ability, before, character->GetAbilityStat(ability), notify);
 }
 
+void DHandBook::ChangeAbilityStatBase(DCharacter* character, DAbilityStatType ability, int value,
+                                      bool notify) {
+    const int delta = value - character->GetAbilityStatBase(ability);
+    if (ability == kAbilityConstitution)
+        RecomputeAndSetHitPoints(character, 0, delta);
+    else if (ability == kAbilityIntelligence)
+        RecomputeAndSetSkillPoints(character, 0, delta);
+    SetCharacterAbilityStatBase(character, ability, value, notify);
+}
+
 void DHandBook::ComputeAndSetEarnedAbilityPoints(DCharacter* character) {
     // One increase every fourth class level; racial hit dice earn none.
     character->SetCharacterStat(kStatEarnedAbilityPoints,

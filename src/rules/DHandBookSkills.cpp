@@ -13,7 +13,6 @@
 #include "DRuleGuids.h"
 #include "DRulesQuery.h"
 #include "DSizeInfo.h"
-#include "DRuleGuids.h"
 #include "DSkillInfo.h"
 #include "ResultSet.h"
 

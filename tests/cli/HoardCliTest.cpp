@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 struct CliRun {
@@ -98,7 +100,25 @@ TEST(HoardCli, DemoSavesAndReadsBackACharacter) {
     EXPECT_EQ(character["name"].toString(), "Tordek");
     EXPECT_EQ(character["player"].toString(), "Demo Player");
     EXPECT_EQ(character["file_name"].toString(), "Tordek") << "named after its file";
-    EXPECT_EQ(character["race"].toString(), "Demo Human");
+    EXPECT_EQ(character["race"].toString(), "Dwarf");
+    // Dwarf fighter 4, 15/13/14/10/12/8 before Con +2, Cha -2. Hit points: 10 + 3 at first
+    // level, then three averaged d10s, 5.5 + 3 = 8 each: 37. Fort 4 + 3, Ref 1 + 1, Will 1 + 1.
+    // AC 10 + Dex 1; grapple 4 + Str 2; Climb 4 ranks + Str 2.
+    EXPECT_EQ(character["level"].toInt(), 4);
+    EXPECT_EQ(character["hp"].toInt(), 37);
+    EXPECT_EQ(character["ac"].toInt(), 11);
+    EXPECT_EQ(character["ac_flat_footed"].toInt(), 10);
+    EXPECT_EQ(character["grapple"].toInt(), 6);
+    EXPECT_EQ(character["fortitude"].toInt(), 7);
+    EXPECT_EQ(character["reflex"].toInt(), 2);
+    EXPECT_EQ(character["will"].toInt(), 2);
+    const QJsonArray skills = character["skills"].toArray();
+    const auto climb = std::find_if(skills.begin(), skills.end(), [](const QJsonValue& skill) {
+        return skill.toObject()["name"].toString() == "Climb";
+    });
+    ASSERT_NE(climb, skills.end());
+    EXPECT_EQ(climb->toObject()["total"].toInt(), 6);
+    EXPECT_EQ(character["feats"].toArray().size(), 2);
 }
 
 TEST(HoardCli, RulesPrintsRowsByTableAndKey) {
