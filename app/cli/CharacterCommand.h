@@ -11,7 +11,7 @@ class CharacterCommand : public CliCommand {
 public:
     QString Name() const override { return QStringLiteral("character"); }
     QString Summary() const override {
-        return QStringLiteral("create a character file or show one");
+        return QStringLiteral("make, level, edit and show character files");
     }
     QString Help() const override;
     int Run(CliContext& context, QStringList args) override;
