@@ -10,12 +10,11 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
-#include <exception>
-#include <memory>
+#include <iterator>
 
 namespace {
 
-const QList<int> kFixedArray = {15, 14, 13, 12, 10, 8};
+constexpr int kFixedArray[] = {15, 14, 13, 12, 10, 8};
 
 QString modifierText(int score) {
     const int modifier = DHandBook::GetAbilityModifier(score);
@@ -245,7 +244,10 @@ int AbilitiesCommand::Run(CliContext& context, QStringList args) {
         return RunDice(context, method, sets);
     if (isPointBuy(method))
         return RunPointBuy(context, method, scores, budget, campaignName);
-    return RunFixed(context, method, method == kRollFixedArray ? kFixedArray : scores);
+    return RunFixed(context, method,
+                    method == kRollFixedArray
+                        ? QList<int>(std::begin(kFixedArray), std::end(kFixedArray))
+                        : scores);
 }
 
 QJsonObject AbilitiesCommand::SetObject(int method, const QList<int>& scores,
