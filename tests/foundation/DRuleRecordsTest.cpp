@@ -248,6 +248,16 @@ protected:
     static inline std::unique_ptr<odbc::Connection> sConnection;
 };
 
+// Compares whole-number fields read with their expected values, position by position.
+void expectInts(std::initializer_list<qint64> read, std::initializer_list<qint64> expected) {
+    ASSERT_EQ(read.size(), expected.size());
+    for (size_t i = 0; i < read.size(); ++i)
+        EXPECT_EQ(read.begin()[i], expected.begin()[i]) << "field " << i;
+}
+
+QString all(const char* table) {
+    return QStringLiteral("SELECT * FROM %1").arg(table);
+}
 QString where(const char* table, const char* column, const QUuid& guid) {
     return QStringLiteral("SELECT * FROM %1 WHERE (%2='%3')")
         .arg(table, column, guid.toString(QUuid::WithBraces).toUpper());
@@ -278,7 +288,7 @@ TEST_F(RuleRecords, KeysBeforeAndAfterReadingARow) {
         {"alignment", makeRecord<DAlignmentInfo>, where("[info Alignment]", "ID", 2), 2, {}},
         {"size", makeRecord<DSizeInfo>, where("[info Size]", "ID", 6), 6, {}},
         {"skill", makeRecord<DSkillInfo>, where("[info Skill]", "ID", 38), 38, kSwim},
-        {"sub-skill", makeRecord<DSubSkillInfo>, "SELECT * FROM [info Skill Sub]", -1, {}},
+        {"sub-skill", makeRecord<DSubSkillInfo>, all("[info Skill Sub]"), -1, {}},
         {"feat", makeRecord<DFeatInfo>, where("[info Feat]", "Guid", kWeaponFocus), -1,
          kWeaponFocus},
         {"feature", makeRecord<DFeatureInfo>, where("[info Features]", "Guid", kSpellbook), -1,
@@ -286,24 +296,16 @@ TEST_F(RuleRecords, KeysBeforeAndAfterReadingARow) {
         {"language", makeRecord<DLanguageInfo>, where("[info Language]", "ID", 12), 12, kDruidic},
         {"load", makeRecord<DLoadInfo>, where("[info Load]", "Id", 2), 2, {}},
         {"spell", makeRecord<DSpellInfo>, where("[info Spell]", "Id", 512), 512, kStoneskin},
-        {"spell level", makeRecord<DSpellLevelInfo>, "SELECT * FROM [info Spell Level]", -1, {}},
-        {"spells per day",
-         makeRecord<DSpellsPerInfo>,
-         "SELECT * FROM [info Spells Per Day]",
-         -1,
-         {}},
+        {"spell level", makeRecord<DSpellLevelInfo>, all("[info Spell Level]"), -1, {}},
+        {"spells per day", makeRecord<DSpellsPerInfo>, all("[info Spells Per Day]"), -1, {}},
         {"school", makeRecord<DSchoolInfo>, where("[info Spell Schools]", "Id", 1), 1, {}},
-        {"domain", makeRecord<DDomainInfo>, "SELECT * FROM [info Domain]", -1, kGoodDomain},
+        {"domain", makeRecord<DDomainInfo>, all("[info Domain]"), -1, kGoodDomain},
         {"god", makeRecord<DGodInfo>, where("[info God]", "Guid", kMoradin), -1, kMoradin},
-        {"speed", makeRecord<DSpeedTypeInfo>, "SELECT * FROM [info Speed]", 3, {}},
-        {"speed mod", makeRecord<DSpeedModTypeInfo>, "SELECT * FROM [types Speed]", 2, {}},
-        {"damage change",
-         makeRecord<DDamageChangeInfo>,
-         "SELECT * FROM [info Advancement Damage]",
-         8,
-         {}},
+        {"speed", makeRecord<DSpeedTypeInfo>, all("[info Speed]"), 3, {}},
+        {"speed mod", makeRecord<DSpeedModTypeInfo>, all("[types Speed]"), 2, {}},
+        {"damage change", makeRecord<DDamageChangeInfo>, all("[info Advancement Damage]"), 8, {}},
         {"age change", makeRecord<DAgeChangeInfo>, where("[info Advancement Age]", "Id", 9), 9, {}},
-        {"mount", makeRecord<DFamiliarMountInfo>, "SELECT * FROM [info Mount]", -1, {}},
+        {"mount", makeRecord<DFamiliarMountInfo>, all("[info Mount]"), -1, {}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -363,17 +365,17 @@ TEST_F(RuleRecords, CodeTableRecords) {
     EXPECT_EQ(gold.GetExchange(4), 0.0f);
 
     DSpeedModTypeInfo good;
-    ASSERT_TRUE(fill("SELECT * FROM [types Speed]", good));
+    ASSERT_TRUE(fill(all("[types Speed]"), good));
     EXPECT_EQ(good.GetSpeedModTypeId(), 2);
     EXPECT_EQ(good.GetSpeedModTypeName(), "Good");
 
     DClassLevelInfo level;
-    ASSERT_TRUE(fill("SELECT * FROM [info Level Gold]", level));
+    ASSERT_TRUE(fill(all("[info Level Gold]"), level));
     EXPECT_EQ(level.GetClassLevel(), 5);
     EXPECT_EQ(level.GetStartingGold(), 9000);
 
     DSchoolInfo school;
-    ASSERT_TRUE(fill("SELECT * FROM [info Spell Schools]", school));
+    ASSERT_TRUE(fill(all("[info Spell Schools]"), school));
     EXPECT_EQ(school.GetSchoolId(), 1);
     EXPECT_EQ(school.GetSchoolName(), "Abjuration");
     EXPECT_EQ(school.GetCategory(), 2);
@@ -382,31 +384,21 @@ TEST_F(RuleRecords, CodeTableRecords) {
 TEST_F(RuleRecords, ClassFieldsOfAWizardAndOfACreatureClass) {
     DClassInfo wizard;
     ASSERT_TRUE(fill(where("[info Class]", "Guid", kWizard), wizard));
-    EXPECT_EQ(wizard.mId, 11);
     EXPECT_EQ(wizard.mGuid, kWizard);
     EXPECT_EQ(wizard.mName, "Wizard");
     EXPECT_EQ(wizard.mShortName, "Wiz");
-    EXPECT_EQ(wizard.mClassType, 0);
-    EXPECT_EQ(wizard.mDieId, 4);
-    EXPECT_EQ(wizard.mAgeCat, 2);
-    EXPECT_FALSE(wizard.mGoodSaves[0]);
-    EXPECT_FALSE(wizard.mGoodSaves[1]);
-    EXPECT_TRUE(wizard.mGoodSaves[2]);
     EXPECT_FLOAT_EQ(wizard.mAttackMultiplier, 0.5f);
-    EXPECT_EQ(wizard.mSkillPointsPerLevel, 2);
-    EXPECT_EQ(wizard.mBonusFeats, 1);
-    EXPECT_EQ(wizard.mLevelsForBonusFeat, 5);
-    EXPECT_EQ(wizard.mClassSkills, 9);
-    EXPECT_EQ(wizard.mExclusiveClassSkills, 1);
-    EXPECT_EQ(wizard.mStartingGoldDieCount, 3);
-    EXPECT_EQ(wizard.mStartingGoldDieId, 4);
-    EXPECT_EQ(wizard.mStartingGoldMultiply, 10);
-    EXPECT_EQ(wizard.mCastType, 2);
-    EXPECT_EQ(wizard.mFirstCasterLevel, 1);
     EXPECT_FLOAT_EQ(wizard.mCasterLevelMultiplier, 1.0f);
-    EXPECT_EQ(wizard.mLevelForAnimal, 1);
-    EXPECT_EQ(wizard.mAnimalType, 0);
-    EXPECT_EQ(wizard.mCastingAbility, 3);
+    const bool goodSaves[3] = {false, false, true}; // Will only
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(wizard.mGoodSaves[i], goodSaves[i]) << "save " << i;
+    expectInts({wizard.mId, wizard.mClassType, wizard.mDieId, wizard.mAgeCat,
+                wizard.mSkillPointsPerLevel, wizard.mBonusFeats, wizard.mLevelsForBonusFeat,
+                wizard.mClassSkills, wizard.mExclusiveClassSkills, wizard.mStartingGoldDieCount,
+                wizard.mStartingGoldDieId, wizard.mStartingGoldMultiply, wizard.mCastType,
+                wizard.mFirstCasterLevel, wizard.mLevelForAnimal, wizard.mAnimalType,
+                wizard.mCastingAbility, wizard.mBFPPerHD},
+               {11, 0, 4, 2, 2, 1, 5, 9, 1, 3, 4, 10, 2, 1, 1, 0, 3, 0});
 
     // Bard: simple weapons, light armor and shields.
     DClassInfo bard;
@@ -419,19 +411,11 @@ TEST_F(RuleRecords, ClassFieldsOfAWizardAndOfACreatureClass) {
 
     DClassInfo dragon;
     ASSERT_TRUE(fill(where("[info Class]", "Guid", kDragon), dragon));
-    EXPECT_EQ(dragon.mBSPOperand1, 6);
-    EXPECT_EQ(dragon.mBSPOperator, 1);
-    EXPECT_EQ(dragon.mBSPOperand2, 8);
-    EXPECT_EQ(dragon.mBSPAbilityId, 3);
-    EXPECT_EQ(dragon.mBSPAbilityValueType, 2);
-    EXPECT_EQ(dragon.mBSPMultiplyHD, 1);
-    EXPECT_EQ(dragon.mBSPBonusPerEHD, 5);
-    EXPECT_EQ(dragon.mSPAdvanceType, 2);
-    EXPECT_EQ(dragon.mBFPBase, 1);
-    EXPECT_TRUE(dragon.mBFPIntBonus);
-    EXPECT_EQ(dragon.mBFPPerHD, 3);
-    EXPECT_FALSE(dragon.mBFPIsTotalHD);
-    EXPECT_EQ(wizard.mBFPPerHD, 0);
+    expectInts({dragon.mBSPOperand1, dragon.mBSPOperator, dragon.mBSPOperand2, dragon.mBSPAbilityId,
+                dragon.mBSPAbilityValueType, dragon.mBSPMultiplyHD, dragon.mBSPBonusPerEHD,
+                dragon.mSPAdvanceType, dragon.mBFPBase, dragon.mBFPIntBonus, dragon.mBFPPerHD,
+                dragon.mBFPIsTotalHD},
+               {6, 1, 8, 3, 2, 1, 5, 2, 1, true, 3, false});
 }
 
 TEST_F(RuleRecords, CasterFlagsComeFromPreparesAndKnows) {
@@ -514,11 +498,9 @@ TEST_F(RuleRecords, AlignmentOneStepAway) {
 
 TEST_F(RuleRecords, SizeOfALargeCreature) {
     DSizeInfo large;
-    ASSERT_TRUE(fill("SELECT * FROM [info Size]", large));
-    EXPECT_EQ(large.GetSizeId(), 6);
+    ASSERT_TRUE(fill(all("[info Size]"), large));
     EXPECT_EQ(large.GetSizeName(), "Large");
     EXPECT_FLOAT_EQ(large.GetSizeCapacityMod(), 2.0f);
-    EXPECT_EQ(large.GetAttackArmorMod(), -1);
     EXPECT_FLOAT_EQ(large.GetDimensionRange(0), 8.0f);
     EXPECT_FLOAT_EQ(large.GetDimensionRange(1), 16.0f);
     EXPECT_FLOAT_EQ(large.GetWeightRange(0), 500.0f);
@@ -527,13 +509,13 @@ TEST_F(RuleRecords, SizeOfALargeCreature) {
     const int change[] = {8, -2, 4, 2};
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(large.GetChangeSizeValue(i), change[i]) << "change " << i;
-    EXPECT_EQ(large.GetChangeSizeValue(4), 0);
-    EXPECT_EQ(large.GetExtraHitDieMod(), 3);
+    // One step above Medium: +4 to grapple.
+    expectInts({large.GetSizeId(), large.GetAttackArmorMod(), large.GetChangeSizeValue(4),
+                large.GetExtraHitDieMod(), large.GetGrappleMod()},
+               {6, -1, 0, 3, 4});
     EXPECT_FLOAT_EQ(large.GetCostMod(), 2.0f);
     EXPECT_FLOAT_EQ(large.GetWeightMod(), 2.5f);
     EXPECT_FLOAT_EQ(large.GetArmorBonusMod(), 1.0f);
-    // One step above Medium: +4 to grapple.
-    EXPECT_EQ(large.GetGrappleMod(), 4);
 }
 
 TEST_F(RuleRecords, SkillFlagsAndShortName) {
@@ -558,18 +540,16 @@ TEST_F(RuleRecords, SkillFlagsAndShortName) {
         EXPECT_EQ(skill.GetPrimaryKey(), c.id);
         EXPECT_EQ(skill.GetSkillName(), c.name);
         EXPECT_EQ(skill.GetSkillShortName(), c.name);
-        EXPECT_EQ(skill.GetAbilityModId(), c.ability);
-        EXPECT_EQ(skill.GetSkillInfoFlags(), c.flags);
-        EXPECT_EQ(skill.GetIsMultiType(), c.multi);
-        EXPECT_EQ(skill.GetUseUntrained(), c.untrained);
-        EXPECT_EQ(skill.GetDoesACPenaltyApply(), c.acPenalty);
-        EXPECT_EQ(skill.GetDoesNonProfACPenaltyApply(), c.nonProfPenalty);
-        EXPECT_EQ(skill.GetIsExclusive(), c.exclusive);
-        EXPECT_EQ(skill.GetPenaltyPounds(), c.penaltyPounds);
+        expectInts({skill.GetAbilityModId(), skill.GetSkillInfoFlags(), skill.GetIsMultiType(),
+                    skill.GetUseUntrained(), skill.GetDoesACPenaltyApply(),
+                    skill.GetDoesNonProfACPenaltyApply(), skill.GetIsExclusive(),
+                    skill.GetPenaltyPounds()},
+                   {c.ability, c.flags, c.multi, c.untrained, c.acPenalty, c.nonProfPenalty,
+                    c.exclusive, c.penaltyPounds});
     }
 
     DSubSkillInfo arcana;
-    ASSERT_TRUE(fill("SELECT * FROM [info Skill Sub]", arcana));
+    ASSERT_TRUE(fill(all("[info Skill Sub]"), arcana));
     EXPECT_EQ(arcana.GetSkillGuid(), kKnowledge);
     EXPECT_EQ(arcana.GetSubSkillGuid(), kArcana);
     EXPECT_EQ(arcana.GetSubSkillName(), "Arcana");
@@ -582,9 +562,8 @@ TEST_F(RuleRecords, FeatsAndFeatures) {
     EXPECT_EQ(focus.GetFeatGuid(), kWeaponFocus);
     EXPECT_EQ(focus.GetFeatName(), "Weapon Focus");
     EXPECT_EQ(focus.GetFeatShortName(), "Weapon Focus");
-    EXPECT_EQ(focus.GetFeatType(), 2);
-    EXPECT_EQ(focus.GetFeatStackType(), 3);
-    EXPECT_EQ(focus.GetFeatTargetType(), 1);
+    expectInts({focus.GetFeatType(), focus.GetFeatStackType(), focus.GetFeatTargetType()},
+               {2, 3, 1});
 
     DFeatureInfo enemy;
     ASSERT_TRUE(fill(where("[info Features]", "Guid", kFavoredEnemy), enemy));
@@ -640,16 +619,15 @@ TEST_F(RuleRecords, LanguagesLoadsAndMovement) {
 
     // Heavy load: max Dex +1, check -6, 30 ft becomes 20 ft, run x3.
     DLoadInfo heavy;
-    ASSERT_TRUE(fill("SELECT * FROM [info Load]", heavy));
-    EXPECT_EQ(heavy.GetLoadId(), 2);
+    ASSERT_TRUE(fill(all("[info Load]"), heavy));
     EXPECT_EQ(heavy.GetLoadName(), "Heavy");
-    EXPECT_EQ(heavy.GetMaxDex(), 1);
-    EXPECT_EQ(heavy.GetCheckPenalty(), -6);
     EXPECT_FLOAT_EQ(heavy.GetSpeedMultiplier(), 2.0f / 3.0f);
-    EXPECT_EQ(heavy.GetRunMultiplier(), 3);
+    expectInts(
+        {heavy.GetLoadId(), heavy.GetMaxDex(), heavy.GetCheckPenalty(), heavy.GetRunMultiplier()},
+        {2, 1, -6, 3});
 
     DSpeedTypeInfo fly;
-    ASSERT_TRUE(fill("SELECT * FROM [info Speed]", fly));
+    ASSERT_TRUE(fill(all("[info Speed]"), fly));
     EXPECT_EQ(fly.GetSpeedTypeId(), 3);
     EXPECT_EQ(fly.GetSpeedTypeName(), "Fly");
     const float armor[] = {1.0f, 0.5f, 0.25f};
@@ -668,17 +646,12 @@ TEST_F(RuleRecords, Spells) {
     EXPECT_EQ(stoneskin.GetSpellId(), 512);
     EXPECT_EQ(stoneskin.GetSpellName(), "Stoneskin");
     EXPECT_EQ(stoneskin.GetSpellShortName(), "Stoneskin");
-    EXPECT_EQ(stoneskin.GetSchoolId(), 1);
-    EXPECT_EQ(stoneskin.GetCastingTime(), 1);
-    EXPECT_EQ(stoneskin.GetCastingTimeType(), 3);
-    EXPECT_EQ(stoneskin.GetRangeType(), 2);
-    EXPECT_EQ(stoneskin.GetDurationType(), 5);
-    EXPECT_EQ(stoneskin.GetSaveType(), 4);
-    EXPECT_EQ(stoneskin.GetMaterialCost(), 250); // diamond dust
-    EXPECT_EQ(stoneskin.GetWandCost(), 12500);
-    EXPECT_EQ(stoneskin.GetComponentsId(), 7);
-    EXPECT_EQ(stoneskin.GetResistanceId(), 6);
-    EXPECT_EQ(stoneskin.GetDescriptorsId(), 0);
+    // 250 gp of diamond dust.
+    expectInts({stoneskin.GetSchoolId(), stoneskin.GetCastingTime(), stoneskin.GetCastingTimeType(),
+                stoneskin.GetRangeType(), stoneskin.GetDurationType(), stoneskin.GetSaveType(),
+                stoneskin.GetMaterialCost(), stoneskin.GetWandCost(), stoneskin.GetComponentsId(),
+                stoneskin.GetResistanceId(), stoneskin.GetDescriptorsId()},
+               {1, 1, 3, 2, 5, 4, 250, 12500, 7, 6, 0});
     DSpellInfo cure;
     ASSERT_TRUE(fill(where("[info Spell]", "Guid", kCureLight), cure));
     EXPECT_EQ(cure.GetSpellShortName(), "CLW");
@@ -716,7 +689,7 @@ TEST_F(RuleRecords, Spells) {
 
 TEST_F(RuleRecords, DomainsAndGods) {
     DDomainInfo good;
-    ASSERT_TRUE(fill("SELECT * FROM [info Domain]", good));
+    ASSERT_TRUE(fill(all("[info Domain]"), good));
     EXPECT_EQ(good.GetDomainGuid(), kGoodDomain);
     EXPECT_EQ(good.GetDomainName(), "Good");
     EXPECT_EQ(good.GetDomainAbility(), "Good spells at +1 caster level.");
@@ -742,7 +715,7 @@ TEST_F(RuleRecords, DomainsAndGods) {
 TEST_F(RuleRecords, AdvancementAndCompanions) {
     // 1d8 becomes 2d6 one size up and 1d6 one size down.
     DDamageChangeInfo damage;
-    ASSERT_TRUE(fill("SELECT * FROM [info Advancement Damage]", damage));
+    ASSERT_TRUE(fill(all("[info Advancement Damage]"), damage));
     EXPECT_EQ(damage.GetFromDieId(), 8);
     EXPECT_EQ(damage.GetUpDieData(), DDieData(2, 6));
     EXPECT_EQ(damage.GetDownDieData(), DDieData(1, 6));
@@ -760,13 +733,10 @@ TEST_F(RuleRecords, AdvancementAndCompanions) {
 
     // A paladin's mount at master level 5 to 7: +2 HD, +4 natural armor, +1 Str, Int 6.
     DFamiliarMountInfo mount;
-    ASSERT_TRUE(fill("SELECT * FROM [info Mount]", mount));
-    EXPECT_EQ(mount.GetMasterLevelMin(), 5);
-    EXPECT_EQ(mount.GetMasterLevelMax(), 7);
-    EXPECT_EQ(mount.GetBonusHD(), 2);
-    EXPECT_EQ(mount.GetNaturalArmor(), 4);
-    EXPECT_EQ(mount.GetSTRAdjust(), 1);
-    EXPECT_EQ(mount.GetINT(), 6);
+    ASSERT_TRUE(fill(all("[info Mount]"), mount));
+    expectInts({mount.GetMasterLevelMin(), mount.GetMasterLevelMax(), mount.GetBonusHD(),
+                mount.GetNaturalArmor(), mount.GetSTRAdjust(), mount.GetINT()},
+               {5, 7, 2, 4, 1, 6});
 }
 
 // Each column a record reads is required: without it SetData throws. The four records with

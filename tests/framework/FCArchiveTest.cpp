@@ -40,6 +40,26 @@ template <typename T> void addOwned(FCPointerArray<T>& array, T* object) {
         object->Release();
 }
 
+// A holder of one pointer container in `mode` with `elements` counted elements.
+template <typename Holder> FCObject* makeHolder(int mode, int elements) {
+    auto* holder = new Holder;
+    holder->mItems.SetOwnership(mode);
+    for (int i = 0; i < elements; ++i) {
+        auto* object = new TestCounted(i);
+        if constexpr (requires { holder->mItems.SetAt(i, object); })
+            holder->mItems.SetAt(i, object);
+        else
+            holder->mItems.Add(object);
+        if (mode == kFCRetained)
+            object->Release();
+    }
+    return holder;
+}
+
+template <typename Holder> int modeOfHolder(const FCObject* holder) {
+    return static_cast<const Holder*>(holder)->mItems.GetOwnership();
+}
+
 void fill(TestFields& f) {
     f.mInt32 = std::numeric_limits<qint32>::min();
     f.mUInt32 = 0xFFFFFFFEu;
@@ -103,6 +123,13 @@ std::vector<std::pair<QString, qint32>> describe(const std::vector<TestCounted*>
     return out;
 }
 
+template <typename C> std::vector<TestCounted*> setElements(const C& set) {
+    std::vector<TestCounted*> out;
+    for (const auto& item : set)
+        out.push_back(item.Get());
+    return out;
+}
+
 template <typename C> std::vector<TestCounted*> mapElements(const C& map) {
     std::vector<TestCounted*> out;
     for (const auto& [key, object] : map)
@@ -144,13 +171,7 @@ void expectSameFields(const TestFields& a, const TestFields& b) {
     EXPECT_EQ(describe({a.mArray.begin(), a.mArray.end()}),
               describe({b.mArray.begin(), b.mArray.end()}));
     EXPECT_EQ(a.mSet.GetOwnership(), b.mSet.GetOwnership());
-    std::vector<TestCounted*> setA;
-    std::vector<TestCounted*> setB;
-    for (const auto& item : a.mSet)
-        setA.push_back(item.Get());
-    for (const auto& item : b.mSet)
-        setB.push_back(item.Get());
-    EXPECT_EQ(describe(setA), describe(setB));
+    EXPECT_EQ(describe(setElements(a.mSet)), describe(setElements(b.mSet)));
     EXPECT_EQ(a.mMap.GetOwnership(), b.mMap.GetOwnership());
     EXPECT_EQ(describe(mapElements(a.mMap)), describe(mapElements(b.mMap)));
     for (int key : {7, -1})
@@ -178,11 +199,10 @@ void expectLoadedDetails(const TestFields& loaded) {
     for (const TestCounted* element : loaded.mArray) {
         EXPECT_EQ(element->GetRetainCount(), 1);
     }
-    for (const auto& item : loaded.mSet) {
-        EXPECT_EQ(item->GetRetainCount(), 1);
-    }
-    for (const TestCounted* element : mapElements(loaded.mMap)) {
-        EXPECT_EQ(element->GetRetainCount(), 1);
+    for (const auto& elements : {setElements(loaded.mSet), mapElements(loaded.mMap)}) {
+        for (const TestCounted* element : elements) {
+            EXPECT_EQ(element->GetRetainCount(), 1);
+        }
     }
 }
 
@@ -380,99 +400,35 @@ TEST(FCArchiveTest, ReadingIntoAnObjectOfAnotherClassFailsAndLeavesItAlone) {
 }
 
 TEST(FCArchiveTest, StoredOwnershipModeIsRestored) {
-    struct Case {
+    struct Kind {
         const char* label;
         FCObject* (*make)(int mode, int elements);
         int (*modeOf)(const FCObject*);
-        int mode;
-        int elements;
     };
-    auto makeList = [](int mode, int elements) -> FCObject* {
-        auto* holder = new TestObjList;
-        holder->mItems.SetOwnership(mode);
-        for (int i = 0; i < elements; ++i)
-            addOwned(holder->mItems, new TestCounted(i));
-        return holder;
-    };
-    auto makeSet = [](int mode, int elements) -> FCObject* {
-        auto* holder = new TestObjSet;
-        holder->mItems.SetOwnership(mode);
-        for (int i = 0; i < elements; ++i) {
-            auto* object = new TestCounted(i);
-            holder->mItems.Add(object);
-            if (mode == kFCRetained)
-                object->Release();
-        }
-        return holder;
-    };
-    auto makeMap = [](int mode, int elements) -> FCObject* {
-        auto* holder = new TestObjMap;
-        holder->mItems.SetOwnership(mode);
-        for (int i = 0; i < elements; ++i) {
-            auto* object = new TestCounted(i);
-            holder->mItems.SetAt(i, object);
-            if (mode == kFCRetained)
-                object->Release();
-        }
-        return holder;
-    };
-    auto listMode = [](const FCObject* o) {
-        return static_cast<const TestObjList*>(o)->mItems.GetOwnership();
-    };
-    auto setMode = [](const FCObject* o) {
-        return static_cast<const TestObjSet*>(o)->mItems.GetOwnership();
-    };
-    auto mapMode = [](const FCObject* o) {
-        return static_cast<const TestObjMap*>(o)->mItems.GetOwnership();
+    const Kind kinds[] = {
+        {"array", makeHolder<TestObjList>, modeOfHolder<TestObjList>},
+        {"set", makeHolder<TestObjSet>, modeOfHolder<TestObjSet>},
+        {"map", makeHolder<TestObjMap>, modeOfHolder<TestObjMap>},
     };
     // The holders construct their containers in mode 2, so modes 0 and 1 can only come from
-    // the file.
-    const Case cases[] = {
-        {"array mode 0 empty", makeList, listMode, kFCBorrowed, 0},
-        {"array mode 1", makeList, listMode, kFCDeleted, 2},
-        {"array mode 2", makeList, listMode, kFCRetained, 2},
-        {"set mode 0 empty", makeSet, setMode, kFCBorrowed, 0},
-        {"set mode 1", makeSet, setMode, kFCDeleted, 2},
-        {"set mode 2", makeSet, setMode, kFCRetained, 2},
-        {"map mode 0 empty", makeMap, mapMode, kFCBorrowed, 0},
-        {"map mode 1", makeMap, mapMode, kFCDeleted, 2},
-        {"map mode 2", makeMap, mapMode, kFCRetained, 2},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.label);
-        const int before = TestCounted::sLive;
-        FCObject* original = c.make(c.mode, c.elements);
-        bool ok = false;
-        FCObject* loaded = loadObject(storeObject(original), &ok);
-        original->Release();
-        ASSERT_TRUE(ok);
-        ASSERT_NE(loaded, nullptr);
-        EXPECT_EQ(c.modeOf(loaded), c.mode);
-        EXPECT_EQ(TestCounted::sLive, before + c.elements);
-        loaded->Release();
-        EXPECT_EQ(TestCounted::sLive, before);
+    // the file. A borrowing container is stored empty.
+    for (const Kind& kind : kinds) {
+        for (int mode : {kFCBorrowed, kFCDeleted, kFCRetained}) {
+            SCOPED_TRACE(testing::Message() << kind.label << " mode " << mode);
+            const int elements = mode == kFCBorrowed ? 0 : 2;
+            const int before = TestCounted::sLive;
+            FCObject* original = kind.make(mode, elements);
+            bool ok = false;
+            FCObject* loaded = loadObject(storeObject(original), &ok);
+            original->Release();
+            ASSERT_TRUE(ok);
+            ASSERT_NE(loaded, nullptr);
+            EXPECT_EQ(kind.modeOf(loaded), mode);
+            EXPECT_EQ(TestCounted::sLive, before + elements);
+            loaded->Release();
+            EXPECT_EQ(TestCounted::sLive, before);
+        }
     }
-}
-
-TEST(FCArchiveTest, ArrayReadInModeOneOwnsItsElementsOutright) {
-    const int before = TestCounted::sLive;
-    TestObjList original;
-    original.mItems.SetOwnership(kFCDeleted);
-    original.mItems.Add(new TestCounted(4));
-    original.mItems.Add(new TestCounted(6));
-    auto* loaded = FCDynamicCast<TestObjList>(loadObject(storeObject(&original)));
-    ASSERT_NE(loaded, nullptr);
-    ASSERT_EQ(loaded->mItems.GetOwnership(), kFCDeleted);
-    ASSERT_EQ(loaded->mItems.GetCount(), 2);
-    // Had the elements been added under the constructor's mode 2, they would carry a second
-    // reference that nothing gives back.
-    for (TestCounted* element : loaded->mItems) {
-        EXPECT_EQ(element->GetRetainCount(), 1);
-    }
-    loaded->mItems.RemoveAt(0);
-    EXPECT_EQ(TestCounted::sLive, before + 2 + 1);
-    loaded->Release();
-    EXPECT_EQ(TestCounted::sLive, before + 2);
 }
 
 TEST(FCArchiveTest, BorrowingContainersWithElementsAreRefused) {
