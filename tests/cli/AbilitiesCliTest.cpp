@@ -3,6 +3,7 @@
 // (8 free, 14 for 6, 15 for 8, 18 for 16); modifiers are (score - 10) / 2 rounded down.
 #include "TestSupport.h"
 
+#include "CliRunner.h"
 #include "DCharStatType.h"
 #include "DCharacter.h"
 #include "DDatabase.h"
@@ -14,7 +15,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -24,22 +24,10 @@
 
 namespace {
 
-struct CliRun {
-    int status = -1;
-    QString out;
-    QString err;
-};
+using clitest::CliRun;
 
-CliRun hoard(QStringList args, const QString& userDir) {
-    QProcess process;
-    args << "--user" << userDir;
-    process.start(QStringLiteral(HOARD_CLI), args);
-    const bool finished = process.waitForFinished(60000);
-    if (!finished)
-        process.kill();
-    return {finished && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+CliRun hoard(const QStringList& args, const QString& userDir) {
+    return clitest::runHoard(args, userDir);
 }
 
 QJsonObject object(const CliRun& run) {

@@ -1,12 +1,12 @@
 // The combat block and the vital statistics of `hoard character new` and `show`, for
 // characters worked by hand from the open 3.5 rules.
+#include "CliRunner.h"
 #include "TestSupport.h"
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QUuid>
 
@@ -16,23 +16,11 @@
 
 namespace {
 
-struct CliResult {
-    int status = -1;
-    QString out;
-    QString err;
-};
+using CliResult = clitest::CliRun;
 
 class CharacterCombatCli : public ::testing::Test {
 protected:
-    CliResult Hoard(QStringList args) const {
-        args << "--user" << mUser.path();
-        QProcess process;
-        process.start(QStringLiteral(HOARD_CLI), args);
-        process.waitForFinished(60000);
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
+    CliResult Hoard(const QStringList& args) const { return clitest::runHoard(args, mUser.path()); }
 
     QString File(const QString& name) const { return mUser.path() + "/" + name + ".chr"; }
 

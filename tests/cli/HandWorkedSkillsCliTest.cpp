@@ -1,22 +1,18 @@
 // Skills, skill points and feats of three characters worked by hand from the open 3.5 rules,
 // bought through the built program one command at a time as a player would.
+#include "CliRunner.h"
 #include "TestSupport.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-struct CliResult {
-    int status = -1;
-    QString out;
-    QString err;
-};
+using CliResult = clitest::CliRun;
 
 struct SkillLine {
     const char* name;
@@ -42,15 +38,7 @@ struct HandWorked {
 
 class HandWorkedSkillsCli : public ::testing::Test {
 protected:
-    CliResult Hoard(QStringList args) const {
-        args << "--user" << mUser.path();
-        QProcess process;
-        process.start(QStringLiteral(HOARD_CLI), args);
-        process.waitForFinished(60000);
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
+    CliResult Hoard(const QStringList& args) const { return clitest::runHoard(args, mUser.path()); }
 
     // "add-skill Climb 7" on FILE becomes "character add-skill FILE Climb 7".
     CliResult OnFile(const QString& file, QStringList command) const {

@@ -1,4 +1,5 @@
 // Runs the command-line program as a user would and checks what it prints and returns.
+#include "CliRunner.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -6,7 +7,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -15,22 +15,10 @@
 
 namespace {
 
-struct CliRun {
-    int status = -1;
-    QString out;
-    QString err;
-};
+using clitest::CliRun;
 
 CliRun hoard(const QStringList& args, const QString& userDir = QString()) {
-    QProcess process;
-    QStringList full = args;
-    if (!userDir.isEmpty())
-        full << "--user" << userDir;
-    process.start(QStringLiteral(HOARD_CLI), full);
-    process.waitForFinished(60000);
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return clitest::runHoard(args, userDir);
 }
 
 QJsonObject json(const QString& text) {

@@ -1,12 +1,12 @@
 // The race commands through the built program, against the ready races the build made.
 // Expected figures are the open 3.5 rules' own, written down by hand.
+#include "CliRunner.h"
 #include "TestSupport.h"
 
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -14,20 +14,10 @@
 
 namespace {
 
-struct CommandRun {
-    int status = -1;
-    QString out;
-    QString err;
-};
+using CommandRun = clitest::CliRun;
 
-CommandRun hoard(QStringList args, const QString& userDir) {
-    QProcess process;
-    args << "--user" << userDir;
-    process.start(QStringLiteral(HOARD_CLI), args);
-    process.waitForFinished(60000);
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+CommandRun hoard(const QStringList& args, const QString& userDir) {
+    return clitest::runHoard(args, userDir);
 }
 
 QJsonDocument json(const CommandRun& run) {

@@ -1,4 +1,6 @@
 // Runs "hoard roll" as a user would: sums, seeds, JSON, limits and errors.
+#include "CliRunner.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -19,16 +21,12 @@ struct RollRun {
 };
 
 RollRun roll(const QStringList& args) {
-    QProcess process;
-    process.start(QStringLiteral(HOARD_CLI), QStringList{"roll"} + args);
     // A bad input must end at once; a generous bound still tells a hang from a slow machine.
-    const bool finished = process.waitForFinished(20000);
-    if (!finished)
-        process.kill();
+    const clitest::CliRun ran = clitest::runHoard(QStringList{"roll"} + args, QString(), 20000);
     RollRun run;
-    run.status = finished && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    run.out = QString::fromUtf8(process.readAllStandardOutput());
-    run.err = QString::fromUtf8(process.readAllStandardError());
+    run.status = ran.status;
+    run.out = ran.out;
+    run.err = ran.err;
     run.lines = run.out.split('\n', Qt::SkipEmptyParts);
     return run;
 }

@@ -1,31 +1,21 @@
 // Skills and feats through the built program: buying ranks, taking feats, the refusals and
 // the feat list of a character. Expected figures are worked by hand from the SRD.
+#include "CliRunner.h"
 #include "TestSupport.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-struct CommandRun {
-    int status = -1;
-    QString out;
-    QString err;
-};
+using CommandRun = clitest::CliRun;
 
-CommandRun hoard(QStringList args, const QString& userDir) {
-    QProcess process;
-    args << "--user" << userDir;
-    process.start(QStringLiteral(HOARD_CLI), args);
-    process.waitForFinished(60000);
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+CommandRun hoard(const QStringList& args, const QString& userDir) {
+    return clitest::runHoard(args, userDir);
 }
 
 class SkillFeatCli : public ::testing::Test {
