@@ -375,13 +375,16 @@ void printCombatBlock(const QJsonObject& description) {
                               .arg(signedNumber(description["fortitude"].toInt()),
                                    signedNumber(description["reflex"].toInt()),
                                    signedNumber(description["will"].toInt())));
-    // Races keep height in inches and weight in pounds.
+    // Races keep height in inches and weight in pounds. Most monsters' races give none.
     const int height = description["height"].toInt();
-    CliContext::PrintLine(QStringLiteral("Age:        %1 years, height %2' %3\", weight %4 lb.")
-                              .arg(description["age"].toInt())
-                              .arg(height / 12)
-                              .arg(height % 12)
-                              .arg(description["weight"].toInt()));
+    if (description["age"].toInt() == 0 && height == 0 && description["weight"].toInt() == 0)
+        CliContext::PrintLine(QStringLiteral("Age:        not given by the race"));
+    else
+        CliContext::PrintLine(QStringLiteral("Age:        %1 years, height %2' %3\", weight %4 lb.")
+                                  .arg(description["age"].toInt())
+                                  .arg(height / 12)
+                                  .arg(height % 12)
+                                  .arg(description["weight"].toInt()));
     CliContext::PrintLine(QStringLiteral("XP:         %1, gold %2")
                               .arg(description["xp"].toInt())
                               .arg(description["gold"].toInt()));
