@@ -179,12 +179,8 @@ int AbilitiesCommand::Run(CliContext& context, QStringList args) {
     if (!setsText.isNull()) {
         if (!isDiceMethod(method))
             return CliContext::Fail(QStringLiteral("--sets only goes with a dice method"));
-        bool ok = false;
-        sets = setsText.toInt(&ok);
-        if (!ok || sets < 1 || sets > kMaxSets)
-            return CliContext::Fail(QStringLiteral("--sets takes a number from 1 to %1, not '%2'")
-                                        .arg(kMaxSets)
-                                        .arg(setsText));
+        if (!ParseNumberOption(QStringLiteral("--sets"), setsText, 1, kMaxSets, sets, error))
+            return CliContext::Fail(error);
     }
     const bool takesScores = isPointBuy(method) || method == kRollFreeEntry;
     if (!scoresText.isNull() && !takesScores)
@@ -209,14 +205,9 @@ int AbilitiesCommand::Run(CliContext& context, QStringList args) {
             return CliContext::Fail(error);
     }
     int budget = kDefaultBudget;
-    if (!budgetText.isNull()) {
-        bool ok = false;
-        budget = budgetText.toInt(&ok);
-        if (!ok || budget < 0 || budget > kMaxBudget)
-            return CliContext::Fail(QStringLiteral("--budget takes a number from 0 to %1, not '%2'")
-                                        .arg(kMaxBudget)
-                                        .arg(budgetText));
-    }
+    if (!budgetText.isNull() &&
+        !ParseNumberOption(QStringLiteral("--budget"), budgetText, 0, kMaxBudget, budget, error))
+        return CliContext::Fail(error);
     if (!context.StartLibrary())
         return 1;
     QString campaignName;

@@ -13,6 +13,22 @@ bool CliCommand::TakeOption(QStringList& args, const QString& name, QString& val
     return true;
 }
 
+bool CliCommand::ParseNumberOption(const QString& option, const QString& text, int min, int max,
+                                   int& value, QString& error) {
+    bool ok = false;
+    const int parsed = text.toInt(&ok);
+    if (!ok || parsed < min || parsed > max) {
+        error = QStringLiteral("%1 takes a number from %2 to %3, not '%4'")
+                    .arg(option)
+                    .arg(min)
+                    .arg(max)
+                    .arg(text);
+        return false;
+    }
+    value = parsed;
+    return true;
+}
+
 bool CliCommand::RejectUnknownOptions(const QStringList& args, QString& error) {
     for (const QString& arg : args) {
         if (arg.startsWith('-') && arg.size() > 1) {

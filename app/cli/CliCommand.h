@@ -24,6 +24,10 @@ protected:
     bool TakeSubcommand(QStringList& args, QString& sub, int& status) const;
     // Removes "--name VALUE"; false when the option is there without a value.
     static bool TakeOption(QStringList& args, const QString& name, QString& value);
+    // `text`, the value of `option`, as a whole number from `min` to `max`; false with `error`
+    // naming the range otherwise.
+    static bool ParseNumberOption(const QString& option, const QString& text, int min, int max,
+                                  int& value, QString& error);
     // Any argument left that starts with '-' is an unknown option.
     static bool RejectUnknownOptions(const QStringList& args, QString& error);
 };

@@ -2,7 +2,6 @@
 
 #include "CliCommand.h"
 
-
 // "hoard race list|show": the ready and the user's races.
 class RaceCommand : public CliCommand {
 public:

@@ -57,16 +57,11 @@ int RollCommand::Run(CliContext& context, QStringList args) {
     QString setsText;
     if (!TakeOption(args, QStringLiteral("--sets"), setsText))
         return CliContext::Fail(QStringLiteral("--sets needs a number from 1 to %1").arg(kMaxSets));
-    int sets = 1;
-    if (!setsText.isNull()) {
-        bool ok = false;
-        sets = setsText.toInt(&ok);
-        if (!ok || sets < 1 || sets > kMaxSets)
-            return CliContext::Fail(QStringLiteral("--sets takes a number from 1 to %1, not '%2'")
-                                        .arg(kMaxSets)
-                                        .arg(setsText));
-    }
     QString error;
+    int sets = 1;
+    if (!setsText.isNull() &&
+        !ParseNumberOption(QStringLiteral("--sets"), setsText, 1, kMaxSets, sets, error))
+        return CliContext::Fail(error);
     if (!RejectUnknownOptions(args, error))
         return CliContext::Fail(error);
     if (args.size() != 1)
