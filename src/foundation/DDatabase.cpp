@@ -296,43 +296,38 @@ void reportQueryFailure(const std::exception& error) {
     DFailureReporter::Report(QStringLiteral("Query failed"), QString::fromUtf8(error.what()));
 }
 
-// The first row of `sql`, if any, to `onRow`; a failure is reported once.
-template <typename OnRow> bool firstRow(const QString& sql, OnRow onRow) {
-    return DDatabase::FirstRow(sql, onRow);
-}
-
-} // namespace
-
-bool DDatabase::ForEachRow(const QString& sql, const std::function<void(odbc::ResultSet*)>& onRow) {
-    if (!mConnection)
+// Hands the rows of `sql` to `onRow`, only the first one if `firstOnly`; a failure is
+// reported once. With `firstOnly` the result tells whether there was a row, otherwise whether
+// the query ran.
+bool walkRows(odbc::Connection* connection, const QString& sql,
+              const std::function<void(odbc::ResultSet*)>& onRow, bool firstOnly) {
+    if (!connection)
         return false;
     try {
-        std::unique_ptr<odbc::Statement> statement(mConnection->createStatement());
+        std::unique_ptr<odbc::Statement> statement(connection->createStatement());
         odbc::ResultSet* rows = statement->executeQuery(sql);
-        while (rows && rows->next())
+        bool found = false;
+        while (rows && rows->next()) {
             onRow(rows);
-        return true;
+            found = true;
+            if (firstOnly)
+                break;
+        }
+        return firstOnly ? found : true;
     } catch (const std::exception& error) {
         reportQueryFailure(error);
     }
     return false;
 }
 
+} // namespace
+
+bool DDatabase::ForEachRow(const QString& sql, const std::function<void(odbc::ResultSet*)>& onRow) {
+    return walkRows(mConnection, sql, onRow, false);
+}
+
 bool DDatabase::FirstRow(const QString& sql, const std::function<void(odbc::ResultSet*)>& onRow) {
-    if (!mConnection)
-        return false;
-    bool found = false;
-    try {
-        std::unique_ptr<odbc::Statement> statement(mConnection->createStatement());
-        odbc::ResultSet* rows = statement->executeQuery(sql);
-        if (rows && rows->next()) {
-            onRow(rows);
-            found = true;
-        }
-    } catch (const std::exception& error) {
-        reportQueryFailure(error);
-    }
-    return found;
+    return walkRows(mConnection, sql, onRow, true);
 }
 
 FCString DDatabase::mDatabasePath;
@@ -562,7 +557,7 @@ DInfo* DDatabase::LookupOrQuery(FCPointerMap<QUuid, DInfo>& map, int table, cons
 }
 
 bool DDatabase::QueryInfo(const QString& sql, DInfo* info) {
-    return firstRow(sql, [info](odbc::ResultSet* row) {
+    return FirstRow(sql, [info](odbc::ResultSet* row) {
         if (info)
             info->SetData(row);
     });
@@ -623,20 +618,20 @@ bool DDatabase::GetFamiliarMountInfo(int masterLevel, int kind, DInfo* info) {
 
 QUuid DDatabase::GetGuid(int table, int id) {
     QUuid result;
-    firstRow(QString::asprintf(kGuidById, tableName(table).constData(), id),
+    FirstRow(QString::asprintf(kGuidById, tableName(table).constData(), id),
              [&](odbc::ResultSet* row) { result = row->getGUID(QStringLiteral("Guid")); });
     return result;
 }
 
 QUuid DDatabase::GetSubGuid(int table, int id, int subId) {
     QUuid result;
-    firstRow(QString::asprintf(kSubGuidById, tableName(table).constData(), id, subId),
+    FirstRow(QString::asprintf(kSubGuidById, tableName(table).constData(), id, subId),
              [&](odbc::ResultSet* row) { result = row->getGUID(QStringLiteral("SubGuid")); });
     return result;
 }
 
 static bool readHelpText(const QString& sql, FCString& out) {
-    return firstRow(sql, [&](odbc::ResultSet* row) {
+    return DDatabase::FirstRow(sql, [&](odbc::ResultSet* row) {
         out = FCString(row->getString(QStringLiteral("HelpText")));
     });
 }
@@ -665,7 +660,7 @@ bool DDatabase::GetHelpText(int table, const QUuid& guid, const QUuid& subGuid, 
 
 static int readInt(const QString& sql, const QString& column, int fallback) {
     int result = fallback;
-    firstRow(sql, [&](odbc::ResultSet* row) { result = row->getInt(column); });
+    DDatabase::FirstRow(sql, [&](odbc::ResultSet* row) { result = row->getInt(column); });
     return result;
 }
 

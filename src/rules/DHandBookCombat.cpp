@@ -27,6 +27,13 @@ constexpr int kHighestGoldLevel = 20;
 constexpr DAbilityStatType kSaveAbility[kSaveCount] = {kAbilityConstitution, kAbilityDexterity,
                                                        kAbilityWisdom};
 
+// The dodge bonus of the class that grants one: +1 at its first level, +1 more every third.
+int DodgeClassBonus(const DCharacter* character) {
+    if (!character->IsClass(DRuleGuids::kDodgeBonusClass))
+        return 0;
+    return (character->GetClassLevel(DRuleGuids::kDodgeBonusClass) - 1) / 3 + 1;
+}
+
 int AbilityModifier(const DCharacter* character, DAbilityStatType ability) {
     return DHandBook::GetAbilityModifier(character->GetAbilityStat(ability));
 }
@@ -37,7 +44,7 @@ bool ValidSave(DSaveType save) {
 
 // Fills the face and reach of `race` from a "[info Size Scale]" query; false without a row.
 bool ReadFaceReach(DRace* race, const QString& sql) {
-    return DRulesQuery::FirstRow(sql, [race](odbc::ResultSet* row) {
+    return DDatabase::FirstRow(sql, [race](odbc::ResultSet* row) {
         race->SetRaceSizeStat(0, row->getFloat(QStringLiteral("FaceWidth")));
         race->SetRaceSizeStat(1, row->getFloat(QStringLiteral("FaceLength")));
         race->SetRaceSizeStat(2, float(row->getInt(QStringLiteral("NatReach"))));
@@ -194,8 +201,7 @@ int DHandBook::GetArmorMiscModifier(DCharacter* character) {
                          AbilityModifier(character, kAbilityWisdom);
         misc += std::max(monk, 0);
     }
-    if (character->IsClass(DRuleGuids::kDodgeBonusClass))
-        misc += (character->GetClassLevel(DRuleGuids::kDodgeBonusClass) - 1) / 3 + 1;
+    misc += DodgeClassBonus(character);
     const DRace* race = character->GetRace();
     if (race && race->HasSubType(kCharismaArmorSubType)) {
         const int charisma = AbilityModifier(character, kAbilityCharisma);
@@ -213,9 +219,7 @@ int DHandBook::GetTouchArmorClass(DCharacter* character) {
 int DHandBook::GetFlatFootedArmorClass(DCharacter* character) {
     DACValues values;
     GetArmorClassValues(character, values);
-    int dodge = 0;
-    if (character && character->IsClass(DRuleGuids::kDodgeBonusClass))
-        dodge = (character->GetClassLevel(DRuleGuids::kDodgeBonusClass) - 1) / 3 + 1;
+    const int dodge = character ? DodgeClassBonus(character) : 0;
     // A Dexterity penalty still counts when caught unaware; only a bonus is lost.
     return values.Total() - std::max(values.dexterity, 0) - dodge;
 }

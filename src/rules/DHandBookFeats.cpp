@@ -50,12 +50,12 @@ DCharacter* asCharacter(DCharRaceBase* owner, bool isCharacter) {
 
 FCArray<FeatBonus> featBonuses(const QUuid& feat) {
     FCArray<FeatBonus> rows;
-    DRulesQuery::ForEachRow(QString::asprintf("SELECT Type, Data, SkillId FROM %s WHERE (Id=%s)",
-                                              DRulesQuery::Table(kTableFeatBonuses).constData(),
-                                              DRulesQuery::Guid(feat).constData()),
-                            [&rows](odbc::ResultSet* row) {
-                                rows.Add({row->getInt(1), row->getInt(2), row->getGUID(3)});
-                            });
+    DDatabase::ForEachRow(QString::asprintf("SELECT Type, Data, SkillId FROM %s WHERE (Id=%s)",
+                                            DRulesQuery::Table(kTableFeatBonuses).constData(),
+                                            DRulesQuery::Guid(feat).constData()),
+                          [&rows](odbc::ResultSet* row) {
+                              rows.Add({row->getInt(1), row->getInt(2), row->getGUID(3)});
+                          });
     return rows;
 }
 
@@ -141,7 +141,7 @@ QString skillName(const QUuid& skill) {
 
 QString classLevelsText(const QUuid& feat) {
     QStringList levels;
-    DRulesQuery::ForEachRow(
+    DDatabase::ForEachRow(
         QString::asprintf("SELECT * FROM %s WHERE (ID=%s)",
                           DRulesQuery::Table(kTableFeatClassPrerequisites).constData(),
                           DRulesQuery::Guid(feat).constData()),
@@ -163,7 +163,7 @@ void DHandBook::GetFeatPointValues(DRace* race, DFeatPointValues& values) {
     if (!race)
         return;
     bool first = true;
-    DRulesQuery::ForEachRow(
+    DDatabase::ForEachRow(
         QString::asprintf("SELECT BFPBase, BFPIntBonus, BFPPerHD, BFPIsTotalHD FROM %s WHERE "
                           "(Guid=%s)",
                           DRulesQuery::Table(kTableClass).constData(),
@@ -512,7 +512,7 @@ bool DHandBook::DoesFeatMeetClassPrereq(DCharacter* character, const QUuid& feat
     if (!character)
         return false;
     bool met = false;
-    DRulesQuery::ForEachRow(
+    DDatabase::ForEachRow(
         QString::asprintf("SELECT * FROM %s WHERE (ID=%s)",
                           DRulesQuery::Table(kTableFeatClassPrerequisites).constData(),
                           DRulesQuery::Guid(feat).constData()),

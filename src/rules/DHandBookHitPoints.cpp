@@ -157,7 +157,7 @@ int DHandBook::GetRaceSizeBonusHitPoints(DCharacter* character) {
         DRulesQuery::Table(kTableRaceSizeBonusHitPoints).constData(),
         odbc::toStringODBC(race->GetClassGuid()).toLatin1().constData(), size->GetSizeId());
     int bonus = 0;
-    DRulesQuery::FirstRow(
+    DDatabase::FirstRow(
         sql, [&bonus](odbc::ResultSet* row) { bonus = row->getInt(QStringLiteral("BonusHPs")); });
     return bonus;
 }

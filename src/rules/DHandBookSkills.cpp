@@ -75,10 +75,9 @@ bool tableNamesSkill(int table, const char* column, const QUuid& skill) {
     auto found = named.find(table);
     if (found == named.end()) {
         QSet<QUuid> skills;
-        DRulesQuery::ForEachRow(
-            QString::asprintf("SELECT DISTINCT %s FROM %s", column,
-                              DRulesQuery::Table(table).constData()),
-            [&skills](odbc::ResultSet* row) { skills.insert(row->getGUID(1)); });
+        DDatabase::ForEachRow(QString::asprintf("SELECT DISTINCT %s FROM %s", column,
+                                                DRulesQuery::Table(table).constData()),
+                              [&skills](odbc::ResultSet* row) { skills.insert(row->getGUID(1)); });
         found = named.emplace(table, skills).first;
     }
     return found->second.contains(skill);
@@ -176,7 +175,7 @@ void DHandBook::GetSkillPointValues(DRace* race, DSkillPointValues& values) {
         DRulesQuery::Table(kTableClass).constData(),
         DRulesQuery::Guid(race->GetClassGuid()).constData());
     bool first = true;
-    DRulesQuery::ForEachRow(sql, [&](odbc::ResultSet* row) {
+    DDatabase::ForEachRow(sql, [&](odbc::ResultSet* row) {
         if (!first)
             return;
         first = false;
@@ -402,7 +401,7 @@ void DHandBook::UpdateWithUntrainedSubSkills(DCharacter* character, DSkillInfo* 
                                           DRulesQuery::Table(kTableSkillSub).constData(),
                                           DRulesQuery::Guid(skill->GetSkillGuid()).constData());
     FCArray<QUuid> subSkills;
-    DRulesQuery::ForEachRow(
+    DDatabase::ForEachRow(
         sql, [&subSkills](odbc::ResultSet* row) { subSkills.Add(row->getGUID("SubGuid")); });
     for (const QUuid& subSkill : subSkills) {
         if (DChosenSkill* record =
@@ -426,7 +425,7 @@ DSkillUsabilityType DHandBook::ComputeSkillUsablility(DCharacter* character, con
         return race->HasAnySkill(skill) ? kClassSkill : kCrossClassSkill;
 
     DSkillUsabilityType usability = kCrossClassSkill;
-    DRulesQuery::ForEachRow(
+    DDatabase::ForEachRow(
         QString::asprintf("SELECT Usability FROM %s WHERE (ClassId=%s) AND (SkillId=%s)",
                           DRulesQuery::Table(kTableClassSkillUsability).constData(),
                           DRulesQuery::Guid(classGuid).constData(),
@@ -614,7 +613,7 @@ int DHandBook::GetSkillSizeBonus(DCharacter* character, const DChosenSkill* skil
     if (!size || !skill || !tableNamesSkill(kTableSkillBonusesSize, "SkillId", skill->GetSkillId()))
         return 0;
     int bonus = 0;
-    DRulesQuery::ForEachRow(
+    DDatabase::ForEachRow(
         QString::asprintf("SELECT Bonus FROM %s WHERE (SkillId=%s) AND (SizeId=%d)",
                           DRulesQuery::Table(kTableSkillBonusesSize).constData(),
                           DRulesQuery::Guid(skill->GetSkillId()).constData(), size->GetSizeId()),
@@ -633,7 +632,7 @@ int DHandBook::GetSkillGoodsBonus(DCharacter* character, const DChosenSkill* ski
         DRulesQuery::Guid(skill->GetSkillId()).constData(),
         subSkillTest("TargetSubSkill", skill->GetSubSkillId()).constData());
     int bonus = 0;
-    DRulesQuery::ForEachRow(sql, [&](odbc::ResultSet* row) {
+    DDatabase::ForEachRow(sql, [&](odbc::ResultSet* row) {
         switch (carriedGoods(character, row->getGUID("GoodsId"))) {
         case Carried::Masterwork:
             bonus += row->getInt("BonusMasterwork");
@@ -659,7 +658,7 @@ void DHandBook::ComputeAndSetSkillSkillMods(DCharacter* character, bool notify, 
         int bonus = 0;
     };
     FCArray<Synergy> rows;
-    DRulesQuery::ForEachRow(
+    DDatabase::ForEachRow(
         QString::asprintf("SELECT SourceSkill, SourceSubSkill, ReqRanks, TargetSkill, "
                           "TargetSubSkill, Bonus FROM %s ",
                           DRulesQuery::Table(kTableSkillBonusesSynergy).constData()),

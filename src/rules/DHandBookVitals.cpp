@@ -78,7 +78,7 @@ bool DHandBook::GetRandomAgeModifier(DCharacter* character, DDieData* die) {
         QString::asprintf("SELECT DieCount, DieType FROM %s WHERE (RaceId=%d) AND (Category=%d)",
                           DRulesQuery::Table(kTableRandomStartingAges).constData(),
                           character->GetRace()->GetRaceFamilyId(), info->mAgeCat);
-    return DRulesQuery::FirstRow(sql, [die](odbc::ResultSet* row) { die->SetData(row); });
+    return DDatabase::FirstRow(sql, [die](odbc::ResultSet* row) { die->SetData(row); });
 }
 
 void DHandBook::ComputeAgeMinMax(DCharacter* character, int& min, int& max) {
