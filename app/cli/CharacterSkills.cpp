@@ -94,16 +94,6 @@ QString number(float value) {
     return QString::number(double(value), 'g', 6);
 }
 
-bool findSkill(const QString& name, CharacterSkills::SkillName& found) {
-    for (const CharacterSkills::SkillName& skill : CharacterSkills::SkillNames()) {
-        if (skill.name.compare(name, Qt::CaseInsensitive) == 0) {
-            found = skill;
-            return true;
-        }
-    }
-    return false;
-}
-
 QStringList skillNameList() {
     QStringList names;
     for (const CharacterSkills::SkillName& skill : CharacterSkills::SkillNames())
@@ -131,7 +121,7 @@ bool readTarget(const DFeatInfo& info, const QString& text, QUuid& target, QUuid
     QStringList names;
     if (type == kTargetSkill) {
         CharacterSkills::SkillName skill;
-        if (findSkill(text, skill)) {
+        if (CharacterSkills::FindSkill(text, skill)) {
             target = skill.skill;
             subTarget = skill.subSkill;
             return true;
@@ -216,14 +206,14 @@ QList<CharacterSkills::SkillName> CharacterSkills::SkillNames() {
             names.append({info->GetSkillName(), guid, QUuid()});
             continue;
         }
-        DRulesQuery::ForEachRow(QString::asprintf("SELECT SubGuid, Name FROM %s WHERE (Guid=%s)",
-                                                  DRulesQuery::Table(kTableSkillSub).constData(),
-                                                  DRulesQuery::Guid(guid).constData()),
-                                [&](odbc::ResultSet* row) {
-                                    names.append({QStringLiteral("%1 (%2)").arg(
-                                                      info->GetSkillName(), row->getString("Name")),
-                                                  guid, row->getGUID("SubGuid")});
-                                });
+        DDatabase::ForEachRow(QString::asprintf("SELECT SubGuid, Name FROM %s WHERE (Guid=%s)",
+                                                DRulesQuery::Table(kTableSkillSub).constData(),
+                                                DRulesQuery::Guid(guid).constData()),
+                              [&](odbc::ResultSet* row) {
+                                  names.append({QStringLiteral("%1 (%2)").arg(
+                                                    info->GetSkillName(), row->getString("Name")),
+                                                guid, row->getGUID("SubGuid")});
+                              });
     }
     std::sort(names.begin(), names.end(),
               [](const SkillName& a, const SkillName& b) { return a.name < b.name; });
@@ -237,6 +227,16 @@ QString CharacterSkills::SkillText(const QUuid& skill, const QUuid& subSkill) {
     }
     const DSkillInfo* info = DDatabase::GetSkillInfo(skill);
     return info ? QString(info->GetSkillName()) : skill.toString(QUuid::WithBraces).toUpper();
+}
+
+bool CharacterSkills::FindSkill(const QString& name, SkillName& found) {
+    for (const SkillName& skill : SkillNames()) {
+        if (skill.name.compare(name, Qt::CaseInsensitive) == 0) {
+            found = skill;
+            return true;
+        }
+    }
+    return false;
 }
 
 QUuid CharacterSkills::FindFeat(const QString& name) {
@@ -321,7 +321,7 @@ int CharacterSkills::RunAddSkill(CliContext& context, QStringList args) {
     if (!character)
         return status;
     SkillName skill;
-    if (!findSkill(args[1], skill))
+    if (!FindSkill(args[1], skill))
         return CliContext::Fail(
             CliLookup::UnknownName(QStringLiteral("skill"), args[1],
                                    CliLookup::ClosestNames(args[1], skillNameList(), 3)));

@@ -32,6 +32,8 @@ public:
     };
     static QList<SkillName> SkillNames();
     static QString SkillText(const QUuid& skill, const QUuid& subSkill);
+    // The skill of that name (any case); false if there is none.
+    static bool FindSkill(const QString& name, SkillName& found);
     // The feat of that name (any case); null if there is none.
     static QUuid FindFeat(const QString& name);
     static QStringList FeatNames();

@@ -1,17 +1,15 @@
 #include "DemoCommand.h"
 
 #include "CharacterCommand.h"
+#include "CharacterSkills.h"
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "DCharacter.h"
 #include "DChosenFeat.h"
-#include "DDatabase.h"
-#include "DFeatInfo.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "DObjectManager.h"
 #include "DOptions.h"
-#include "DSkillInfo.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -21,22 +19,6 @@ namespace {
 // Tordek's rolled scores, before the dwarf's Con +2 and Cha -2.
 constexpr int kScores[kAbilityCount] = {15, 13, 14, 10, 12, 8};
 constexpr int kFighterLevels = 4;
-
-QUuid featNamed(const QString& name) {
-    for (const auto& [guid, info] : DDatabase::GetFeatInfoMap()) {
-        if (static_cast<const DFeatInfo*>(info)->GetFeatName() == name)
-            return guid;
-    }
-    return QUuid();
-}
-
-QUuid skillNamed(const QString& name) {
-    for (const auto& [guid, info] : DDatabase::GetSkillInfoMap()) {
-        if (static_cast<const DSkillInfo*>(info)->GetSkillName() == name)
-            return guid;
-    }
-    return QUuid();
-}
 
 // A dwarf fighter 4 built the way `character new`, `set-ability`, `add-skill` and `add-feat`
 // build one, so that the demo runs every stage of the rules once.
@@ -54,10 +36,12 @@ bool buildTordek(DCharacter& character, DFileObject* dwarf) {
         DHandBook::ChangeAbilityStatBase(&character, DAbilityStatType(ability), kScores[ability],
                                          false);
     character.SetActiveClassId(fighter);
-    DHandBook::AddSkill(&character, skillNamed(QStringLiteral("Climb")), QUuid(), 1, 4.0f, true);
+    CharacterSkills::SkillName climb;
+    if (CharacterSkills::FindSkill(QStringLiteral("Climb"), climb))
+        DHandBook::AddSkill(&character, climb.skill, climb.subSkill, 1, 4.0f, true);
     for (const char* name : {"Power Attack", "Cleave"}) {
         auto* feat = new DChosenFeat();
-        feat->SetFeatGuid(featNamed(QString::fromLatin1(name)));
+        feat->SetFeatGuid(CharacterSkills::FindFeat(QString::fromLatin1(name)));
         DHandBook::AddFeat(&character, true, feat);
         feat->Release();
     }
