@@ -221,12 +221,21 @@ QList<CharacterSkills::SkillName> CharacterSkills::SkillNames() {
 }
 
 QString CharacterSkills::SkillText(const QUuid& skill, const QUuid& subSkill) {
-    for (const SkillName& name : SkillNames()) {
-        if (name.skill == skill && name.subSkill == subSkill)
-            return name.name;
-    }
     const DSkillInfo* info = DDatabase::GetSkillInfo(skill);
-    return info ? QString(info->GetSkillName()) : skill.toString(QUuid::WithBraces).toUpper();
+    if (!info)
+        return skill.toString(QUuid::WithBraces).toUpper();
+    QString text = info->GetSkillName();
+    // Only a sub-skill needs the database; a sheet names many skills, most without one.
+    if (info->GetIsMultiType() && !subSkill.isNull())
+        DDatabase::FirstRow(
+            QString::asprintf("SELECT Name FROM %s WHERE (Guid=%s) AND (SubGuid=%s)",
+                              DRulesQuery::Table(kTableSkillSub).constData(),
+                              DRulesQuery::Guid(skill).constData(),
+                              DRulesQuery::Guid(subSkill).constData()),
+            [&](odbc::ResultSet* row) {
+                text = QStringLiteral("%1 (%2)").arg(text, row->getString("Name"));
+            });
+    return text;
 }
 
 bool CharacterSkills::FindSkill(const QString& name, SkillName& found) {
