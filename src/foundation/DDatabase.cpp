@@ -21,8 +21,12 @@
 #include "SQLException.h"
 #include "Statement.h"
 
+#include <QSet>
+
 #include <exception>
+#include <map>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -330,6 +334,27 @@ bool DDatabase::FirstRow(const QString& sql, const std::function<void(odbc::Resu
     return walkRows(mConnection, sql, onRow, true);
 }
 
+struct DDatabase::ColumnGuids {
+    std::map<std::pair<int, QByteArray>, QSet<QUuid>> byColumn;
+};
+
+std::unique_ptr<DDatabase::ColumnGuids> DDatabase::mColumnGuids;
+
+bool DDatabase::ColumnHoldsGuid(int table, const char* column, const QUuid& guid) {
+    if (!mColumnGuids)
+        mColumnGuids = std::make_unique<ColumnGuids>();
+    const std::pair<int, QByteArray> key(table, QByteArray(column));
+    auto found = mColumnGuids->byColumn.find(key);
+    if (found == mColumnGuids->byColumn.end()) {
+        QSet<QUuid> guids;
+        ForEachRow(
+            QString::asprintf("SELECT DISTINCT %s FROM %s", column, tableName(table).constData()),
+            [&guids](odbc::ResultSet* row) { guids.insert(row->getGUID(1)); });
+        found = mColumnGuids->byColumn.emplace(key, std::move(guids)).first;
+    }
+    return found->second.contains(guid);
+}
+
 FCString DDatabase::mDatabasePath;
 odbc::Connection* DDatabase::mConnection = nullptr;
 bool DDatabase::mHasPreloaded = false;
@@ -384,6 +409,7 @@ void DDatabase::ShutDown() {
         mItemCollection->Release();
         mItemCollection = nullptr;
     }
+    mColumnGuids.reset();
     delete mConnection;
     mConnection = nullptr;
 }

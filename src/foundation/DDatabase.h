@@ -7,6 +7,7 @@
 #include <QUuid>
 
 #include <functional>
+#include <memory>
 
 #include <array>
 
@@ -101,6 +102,9 @@ public:
     static bool ForEachRow(const QString& sql, const std::function<void(odbc::ResultSet*)>& onRow);
     // The first row only; true if there was one.
     static bool FirstRow(const QString& sql, const std::function<void(odbc::ResultSet*)>& onRow);
+    // Whether a GUID column of a row table holds `guid` in any row. The column's values are read
+    // once per connection, for the small bonus tables that most keys have no row in.
+    static bool ColumnHoldsGuid(int table, const char* column, const QUuid& guid);
     static int GetItemTypeTableId(int itemType);
 
     // Rule maps: the record or null. Records stay owned by the map.
@@ -195,6 +199,8 @@ private:
     static FCString mDatabasePath;
     static odbc::Connection* mConnection;
     static bool mHasPreloaded;
+    struct ColumnGuids;
+    static std::unique_ptr<ColumnGuids> mColumnGuids; // filled as asked, emptied by ShutDown
     static FCObject* mItemCollection;
 
     static FCPointerMap<QUuid, DInfo> mClassInfoMap;

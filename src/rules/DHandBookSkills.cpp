@@ -16,7 +16,6 @@
 #include "DSkillInfo.h"
 #include "ResultSet.h"
 
-#include <QSet>
 
 #include <algorithm>
 #include <iterator>
@@ -61,26 +60,6 @@ QByteArray subSkillTest(const char* column, const QUuid& subSkill) {
     if (subSkill.isNull())
         return QByteArray(column) + " IS NULL";
     return QByteArray(column) + "=" + DRulesQuery::Guid(subSkill);
-}
-
-// The skills a small bonus table names at all, read once per connection: most skills have no
-// row, and a statement per skill and pass is what a setup would spend its time on.
-bool tableNamesSkill(int table, const char* column, const QUuid& skill) {
-    static odbc::Connection* readFrom = nullptr;
-    static std::map<int, QSet<QUuid>> named;
-    if (DDatabase::GetConnection() != readFrom) {
-        named.clear();
-        readFrom = DDatabase::GetConnection();
-    }
-    auto found = named.find(table);
-    if (found == named.end()) {
-        QSet<QUuid> skills;
-        DDatabase::ForEachRow(QString::asprintf("SELECT DISTINCT %s FROM %s", column,
-                                                DRulesQuery::Table(table).constData()),
-                              [&skills](odbc::ResultSet* row) { skills.insert(row->getGUID(1)); });
-        found = named.emplace(table, skills).first;
-    }
-    return found->second.contains(skill);
 }
 
 // The carried goods of that kind: the best of masterwork, plain, none.
@@ -610,7 +589,8 @@ void DHandBook::SetSkillMiscMods(DCharacter* character, DChosenSkill* skill) {
 
 int DHandBook::GetSkillSizeBonus(DCharacter* character, const DChosenSkill* skill) {
     const DSizeInfo* size = character ? character->GetSizeInfo() : nullptr;
-    if (!size || !skill || !tableNamesSkill(kTableSkillBonusesSize, "SkillId", skill->GetSkillId()))
+    if (!size || !skill ||
+        !DDatabase::ColumnHoldsGuid(kTableSkillBonusesSize, "SkillId", skill->GetSkillId()))
         return 0;
     int bonus = 0;
     DDatabase::ForEachRow(
@@ -623,7 +603,7 @@ int DHandBook::GetSkillSizeBonus(DCharacter* character, const DChosenSkill* skil
 
 int DHandBook::GetSkillGoodsBonus(DCharacter* character, const DChosenSkill* skill) {
     if (!character || !skill ||
-        !tableNamesSkill(kTableSkillBonusesGoods, "TargetSkill", skill->GetSkillId()))
+        !DDatabase::ColumnHoldsGuid(kTableSkillBonusesGoods, "TargetSkill", skill->GetSkillId()))
         return 0;
     const QString sql = QString::asprintf(
         "SELECT GoodsId, TargetSkill, TargetSubSkill, Penalty, Bonus, BonusMasterwork FROM %s "

@@ -7,6 +7,7 @@
 #include "DFailureReporter.h"
 #include "DSimpleInfo.h"
 #include "DSizeInfo.h"
+#include "DSkillInfo.h"
 #include "TestSupport.h"
 
 #include "Connection.h"
@@ -171,4 +172,31 @@ TEST_F(PreloadedDatabase, RandomGuidComesFromTheTable) {
         ASSERT_FALSE(guid.isNull());
         EXPECT_NE(DDatabase::GetClassInfoA(guid), nullptr);
     }
+}
+
+TEST_F(PreloadedDatabase, ColumnGuidsAreReadPerConnection) {
+    QUuid hide, swim;
+    for (const auto& [guid, info] : DDatabase::GetSkillInfoMap()) {
+        const QString name = static_cast<const DSkillInfo*>(info)->GetSkillName();
+        if (name == "Hide")
+            hide = guid;
+        else if (name == "Swim")
+            swim = guid;
+    }
+    ASSERT_FALSE(hide.isNull());
+    ASSERT_FALSE(swim.isNull());
+    // Size changes Hide and no other skill.
+    EXPECT_TRUE(DDatabase::ColumnHoldsGuid(kTableSkillBonusesSize, "SkillId", hide));
+    EXPECT_FALSE(DDatabase::ColumnHoldsGuid(kTableSkillBonusesSize, "SkillId", swim));
+
+    // A database without those rows, opened after this one, must not answer from the old one.
+    QTemporaryDir dir;
+    const QString copy = dir.path() + "/rules.db";
+    ASSERT_TRUE(QFile::copy(rulesDatabase(), copy));
+    DDatabase::ShutDown();
+    ASSERT_TRUE(DDatabase::StartUp(FCString(copy)));
+    std::unique_ptr<odbc::Statement> statement(DDatabase::GetConnection()->createStatement());
+    statement->executeUpdate(
+        QStringLiteral("DELETE FROM %1").arg(DDatabase::GetTableName(kTableSkillBonusesSize)));
+    EXPECT_FALSE(DDatabase::ColumnHoldsGuid(kTableSkillBonusesSize, "SkillId", hide));
 }
