@@ -1,6 +1,7 @@
 #include "DeskMainWindow.h"
 
 #include "CatalogueDock.h"
+#include "CharacterSpellRows.h"
 #include "NewCharacterDialog.h"
 
 #include "D_UICharRollDialog.h"
@@ -204,7 +205,8 @@ void DeskMainWindow::ShowCharacter(const DCharacter& character, const QString& f
                             QString::number(int(character.GetCharacterLevel())),
                             classes.join(", ").toHtmlEscaped(), abilities.join(", "),
                             QString::number(character.GetCharacterStat(kStatHitPoints)),
-                            CombatRows(character), fileText));
+                            CombatRows(character) + CharacterSpellRows::Build(character),
+                            fileText));
     setWindowTitle(tr("Hoard - %1").arg(character.GetCharacterName()));
 }
 
