@@ -10,10 +10,14 @@
 #include "DOutput.h"
 #include "DXslTransform.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonObject>
 
 #include <cstdio>
+
+#include <unistd.h>
 
 namespace {
 
@@ -87,6 +91,20 @@ bool StatblockCommand::WantsPdf(int argc, char* argv[]) {
         pdf = pdf || arg == "pdf" || arg.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
     }
     return command && pdf;
+}
+
+void StatblockCommand::PrepareOffscreen() {
+    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+        !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        const QString runtime = QDir::tempPath() + QStringLiteral("/runtime-%1").arg(getuid());
+        if (QDir().mkpath(runtime) &&
+            QFile::setPermissions(runtime, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                               QFileDevice::ExeOwner))
+            qputenv("XDG_RUNTIME_DIR", runtime.toLocal8Bit());
+    }
 }
 
 DCharacter* StatblockCommand::LoadSubject(CliContext& context, const QString& file,

@@ -24,6 +24,8 @@ public:
     // Whether the command line may ask one of the two commands for a PDF, which needs the
     // graphical part of Qt.
     static bool WantsPdf(int argc, char* argv[]);
+    // Without a display Qt draws off screen, in the runtime folder it would pick itself.
+    static void PrepareOffscreen();
 
 private:
     // The character of a file or a monster made from a ready race; null after a message.

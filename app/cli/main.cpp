@@ -52,9 +52,7 @@ int main(int argc, char* argv[]) {
     // PDF pages are laid out by Qt's graphical part; without a display it draws off screen.
     std::unique_ptr<QCoreApplication> application;
     if (StatblockCommand::WantsPdf(argc, argv)) {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY") &&
-            qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
+        StatblockCommand::PrepareOffscreen();
         application = std::make_unique<QGuiApplication>(argc, argv);
     } else {
         application = std::make_unique<QCoreApplication>(argc, argv);

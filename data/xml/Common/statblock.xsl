@@ -65,25 +65,34 @@
     <xsl:if test="$value &gt;= 0">+</xsl:if><xsl:value-of select="$value"/>
   </xsl:template>
 
-  <!-- "16 (-1 size, -1 Dex, +5 natural, +3 armor), touch 8, flat-footed 16" -->
-  <xsl:template name="sb-armor-class">
-    <xsl:variable name="parts" select="armor-class/modifiers/modifier[@name != 'base' and @value != 0]"/>
-    <xsl:value-of select="armor-class/total"/>
-    <xsl:if test="$parts">
-      <xsl:text> (</xsl:text>
-      <xsl:for-each select="armor-class/modifiers/modifier[@name = 'size' and @value != 0] |
-                            armor-class/modifiers/modifier[@name != 'base' and @name != 'size' and @value != 0]">
-        <xsl:if test="position() &gt; 1"><xsl:text>, </xsl:text></xsl:if>
-        <xsl:call-template name="sb-signed"><xsl:with-param name="value" select="@value"/></xsl:call-template>
-        <xsl:text> </xsl:text>
-        <xsl:choose>
-          <xsl:when test="@name = 'ability'">Dex</xsl:when>
-          <xsl:when test="@name = 'magic'">deflection</xsl:when>
-          <xsl:otherwise><xsl:value-of select="@name"/></xsl:otherwise>
-        </xsl:choose>
-      </xsl:for-each>
-      <xsl:text>)</xsl:text>
+  <!-- ", +5 natural" for a part that is there, nothing otherwise. -->
+  <xsl:template name="sb-ac-part">
+    <xsl:param name="name"/>
+    <xsl:param name="label"/>
+    <xsl:variable name="value" select="armor-class/modifiers/modifier[@name = $name]/@value"/>
+    <xsl:if test="$value and $value != 0">
+      <xsl:text>, </xsl:text>
+      <xsl:call-template name="sb-signed"><xsl:with-param name="value" select="$value"/></xsl:call-template>
+      <xsl:value-of select="concat(' ', $label)"/>
     </xsl:if>
+  </xsl:template>
+
+  <!-- "16 (-1 size, -1 Dex, +5 natural, +3 armor), touch 8, flat-footed 16": the parts in the
+       published order. -->
+  <xsl:template name="sb-armor-class">
+    <xsl:variable name="parts">
+      <xsl:call-template name="sb-ac-part"><xsl:with-param name="name" select="'size'"/><xsl:with-param name="label" select="'size'"/></xsl:call-template>
+      <xsl:call-template name="sb-ac-part"><xsl:with-param name="name" select="'ability'"/><xsl:with-param name="label" select="'Dex'"/></xsl:call-template>
+      <xsl:call-template name="sb-ac-part"><xsl:with-param name="name" select="'natural'"/><xsl:with-param name="label" select="'natural'"/></xsl:call-template>
+      <xsl:call-template name="sb-ac-part"><xsl:with-param name="name" select="'armor'"/><xsl:with-param name="label" select="'armor'"/></xsl:call-template>
+      <xsl:call-template name="sb-ac-part"><xsl:with-param name="name" select="'shield'"/><xsl:with-param name="label" select="'shield'"/></xsl:call-template>
+      <xsl:call-template name="sb-ac-part"><xsl:with-param name="name" select="'magic'"/><xsl:with-param name="label" select="'deflection'"/></xsl:call-template>
+      <xsl:call-template name="sb-ac-part"><xsl:with-param name="name" select="'feature'"/><xsl:with-param name="label" select="'class'"/></xsl:call-template>
+      <xsl:call-template name="sb-ac-part"><xsl:with-param name="name" select="'misc'"/><xsl:with-param name="label" select="'misc'"/></xsl:call-template>
+      <xsl:call-template name="sb-ac-part"><xsl:with-param name="name" select="'user'"/><xsl:with-param name="label" select="'other'"/></xsl:call-template>
+    </xsl:variable>
+    <xsl:value-of select="armor-class/total"/>
+    <xsl:if test="string($parts)"><xsl:value-of select="concat(' (', substring($parts, 3), ')')"/></xsl:if>
     <xsl:value-of select="concat(', touch ', armor-class/touch, ', flat-footed ', armor-class/flat-footed)"/>
   </xsl:template>
 
@@ -100,6 +109,7 @@
     <xsl:choose>
       <xsl:when test="$items">
         <xsl:for-each select="$items">
+          <xsl:sort select="."/>
           <xsl:if test="position() &gt; 1"><xsl:text>, </xsl:text></xsl:if>
           <xsl:value-of select="."/>
         </xsl:for-each>
@@ -108,12 +118,64 @@
     </xsl:choose>
   </xsl:template>
 
+  <!-- One entry of a special attack or quality line: ", low-light vision". Entries after the
+       first start in lower case, and a range in feet ends with the abbreviation's period. -->
+  <xsl:template name="sb-special-entry">
+    <xsl:param name="text"/>
+    <xsl:text>, </xsl:text>
+    <xsl:value-of select="concat(translate(substring($text, 1, 1), $sb-upper, $sb-lower), substring($text, 2))"/>
+    <xsl:if test="substring($text, string-length($text) - 2) = ' ft'">.</xsl:if>
+  </xsl:template>
+
+  <!-- The named entries, each in the words of a racial feature "PREFIX: name ..." when the race
+       keeps one (it holds the range or the DC), then the features of that kind that name
+       nothing in the code table. -->
+  <xsl:template name="sb-special">
+    <xsl:param name="names"/>
+    <xsl:param name="prefix"/>
+    <xsl:variable name="features" select="features/race-features/race-feature[starts-with(., $prefix)]"/>
+    <xsl:variable name="entries">
+      <xsl:for-each select="$names">
+        <xsl:variable name="name" select="."/>
+        <xsl:variable name="key" select="translate($name, $sb-upper, $sb-lower)"/>
+        <xsl:variable name="worded" select="$features[starts-with(translate(substring-after(., $prefix), $sb-upper, $sb-lower), $key)][1]"/>
+        <xsl:call-template name="sb-special-entry">
+          <xsl:with-param name="text">
+            <xsl:choose>
+              <xsl:when test="$worded"><xsl:value-of select="substring-after($worded, $prefix)"/></xsl:when>
+              <xsl:otherwise><xsl:value-of select="$name"/></xsl:otherwise>
+            </xsl:choose>
+          </xsl:with-param>
+        </xsl:call-template>
+      </xsl:for-each>
+      <xsl:for-each select="$features">
+        <xsl:variable name="rest" select="substring-after(., $prefix)"/>
+        <xsl:variable name="restKey" select="translate($rest, $sb-upper, $sb-lower)"/>
+        <xsl:if test="not($names[starts-with($restKey, translate(., $sb-upper, $sb-lower))])">
+          <xsl:call-template name="sb-special-entry"><xsl:with-param name="text" select="$rest"/></xsl:call-template>
+        </xsl:if>
+      </xsl:for-each>
+    </xsl:variable>
+    <xsl:choose>
+      <xsl:when test="string($entries)">
+        <xsl:value-of select="concat(translate(substring($entries, 3, 1), $sb-lower, $sb-upper), substring($entries, 4))"/>
+      </xsl:when>
+      <xsl:otherwise><xsl:value-of select="$sb-none"/></xsl:otherwise>
+    </xsl:choose>
+  </xsl:template>
+
   <xsl:template name="sb-special-attacks">
-    <xsl:call-template name="sb-list"><xsl:with-param name="items" select="features/special-attacks/special-attack"/></xsl:call-template>
+    <xsl:call-template name="sb-special">
+      <xsl:with-param name="names" select="features/special-attacks/special-attack"/>
+      <xsl:with-param name="prefix" select="'Special attack: '"/>
+    </xsl:call-template>
   </xsl:template>
 
   <xsl:template name="sb-special-qualities">
-    <xsl:call-template name="sb-list"><xsl:with-param name="items" select="features/special-qualities/special-quality"/></xsl:call-template>
+    <xsl:call-template name="sb-special">
+      <xsl:with-param name="names" select="features/special-qualities/special-quality"/>
+      <xsl:with-param name="prefix" select="'Special quality: '"/>
+    </xsl:call-template>
   </xsl:template>
 
   <xsl:template name="sb-saves">
@@ -142,6 +204,7 @@
     <xsl:choose>
       <xsl:when test="$shown">
         <xsl:for-each select="$shown">
+          <xsl:sort select="name"/>
           <xsl:if test="position() &gt; 1"><xsl:text>, </xsl:text></xsl:if>
           <xsl:value-of select="concat(name, ' ', total)"/>
         </xsl:for-each>
