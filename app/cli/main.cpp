@@ -50,6 +50,11 @@ QString programHelp(const std::vector<std::unique_ptr<CliCommand>>& commands) {
 
 int main(int argc, char* argv[]) {
     // PDF pages are laid out by Qt's graphical part; without a display it draws off screen.
+    // Taken before the application object exists: the graphical one eats options of its own
+    // (--style among them).
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args << QString::fromLocal8Bit(argv[i]);
     std::unique_ptr<QCoreApplication> application;
     if (StatblockCommand::WantsPdf(argc, argv)) {
         StatblockCommand::PrepareOffscreen();
@@ -57,9 +62,7 @@ int main(int argc, char* argv[]) {
     } else {
         application = std::make_unique<QCoreApplication>(argc, argv);
     }
-    QCoreApplication& app = *application;
     QCoreApplication::setApplicationName(QStringLiteral("hoard"));
-    QStringList args = app.arguments().mid(1);
     const auto commands = makeCommands();
 
     // Runs without --seed must not repeat each other's rolls; --seed replaces this seed.
