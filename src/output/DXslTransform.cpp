@@ -56,10 +56,10 @@ public:
         xsltSetGenericErrorFunc(this, &LibraryGuard::Collect);
         mPreviousPrefs = xsltGetDefaultSecurityPrefs();
         mPrefs.reset(xsltNewSecurityPrefs());
-        xsltSetSecurityPrefs(mPrefs.get(), XSLT_SECPREF_WRITE_FILE, xsltSecurityForbid);
-        xsltSetSecurityPrefs(mPrefs.get(), XSLT_SECPREF_CREATE_DIRECTORY, xsltSecurityForbid);
-        xsltSetSecurityPrefs(mPrefs.get(), XSLT_SECPREF_READ_NETWORK, xsltSecurityForbid);
-        xsltSetSecurityPrefs(mPrefs.get(), XSLT_SECPREF_WRITE_NETWORK, xsltSecurityForbid);
+        xsltSetSecurityPrefs(mPrefs.get(), XSLT_SECPREF_WRITE_FILE, &LibraryGuard::Forbid);
+        xsltSetSecurityPrefs(mPrefs.get(), XSLT_SECPREF_CREATE_DIRECTORY, &LibraryGuard::Forbid);
+        xsltSetSecurityPrefs(mPrefs.get(), XSLT_SECPREF_READ_NETWORK, &LibraryGuard::Forbid);
+        xsltSetSecurityPrefs(mPrefs.get(), XSLT_SECPREF_WRITE_NETWORK, &LibraryGuard::Forbid);
         xsltSetSecurityPrefs(mPrefs.get(), XSLT_SECPREF_READ_FILE, &LibraryGuard::CheckRead);
         xsltSetDefaultSecurityPrefs(mPrefs.get());
     }
@@ -136,6 +136,12 @@ private:
             return nullptr;
         }
         return guard->mPreviousLoader(url, id, ctxt);
+    }
+
+    static int Forbid(xsltSecurityPrefsPtr, xsltTransformContextPtr, const char* value) {
+        if (LibraryGuard* guard = Active())
+            guard->NoteRefused(QString::fromUtf8(value ? value : ""));
+        return 0;
     }
 
     // Reads at transformation time (document()) are refused outright; at compile time only
