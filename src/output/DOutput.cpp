@@ -66,7 +66,7 @@ bool DOutput::Render(DCharacter* character, const QString& styleName, QByteArray
     }
     const QByteArray document = DCharacterXml::ToBytes(character, QFileInfo(style).fileName());
     const QString working = WorkingFolder(kind) + "/tmp.xml";
-    if (!SaveBytes(document, working, error))
+    if (!WriteWorkingFile(document, working, error))
         return false;
     return Transformer().Apply(document, working, style, result, error);
 }
@@ -76,8 +76,8 @@ bool DOutput::BuildStatBlock(DCharacter* character, QString& text, QString& erro
     if (!Render(character, QString::fromLatin1(kStatBlockStyle), result, error))
         return false;
     text = QString::fromUtf8(result);
-    return SaveBytes(result, WorkingFolder(DCharacterXml::KindWord(character)) + "/block.txt",
-                     error);
+    return WriteWorkingFile(
+        result, WorkingFolder(DCharacterXml::KindWord(character)) + "/block.txt", error);
 }
 
 QString DOutput::ToHtml(const QByteArray& result, const QString& outputMethod) {
@@ -91,6 +91,17 @@ bool DOutput::SaveBytes(const QByteArray& bytes, const QString& path, QString& e
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
         error = QStringLiteral("cannot write %1: %2").arg(path, file.errorString());
+        return false;
+    }
+    return true;
+}
+
+// Working files are scratch: rewritten from nothing each time, never synced to disk.
+bool DOutput::WriteWorkingFile(const QByteArray& bytes, const QString& path, QString& error) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+        file.write(bytes) != bytes.size()) {
+        error = QStringLiteral("cannot write the working file %1: %2").arg(path, file.errorString());
         return false;
     }
     return true;

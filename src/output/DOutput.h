@@ -41,4 +41,7 @@ public:
     static bool SaveBytes(const QByteArray& bytes, const QString& path, QString& error);
     // Lays the HTML out on A4/Letter pages and saves it as PDF. Needs a QGuiApplication.
     static bool SavePdf(const QString& html, const QString& path, QString& error);
+
+private:
+    static bool WriteWorkingFile(const QByteArray& bytes, const QString& path, QString& error);
 };
