@@ -25,7 +25,8 @@ QString dataDir() {
     return fromEnvironment ? fromEnvironment : HOARD_DATA_BUILD_DIR;
 }
 
-template <typename Map, typename Name> QUuid findGuid(const Map& map, const QString& wanted, Name name) {
+template <typename Map, typename Name>
+QUuid findGuid(const Map& map, const QString& wanted, Name name) {
     for (const auto& [guid, info] : map) {
         if (name(info) == wanted)
             return guid;

@@ -27,10 +27,8 @@ struct Format {
 };
 
 constexpr Format kFormats[] = {
-    {"text", "Stat Block.xsl"},
-    {"html", "Stat Block (HTML).xsl"},
-    {"md", "Stat Block (Markdown).xsl"},
-    {"xml", nullptr},
+    {"text", "Stat Block.xsl"},          {"html", "Stat Block (HTML).xsl"},
+    {"md", "Stat Block (Markdown).xsl"}, {"xml", nullptr},
     {"pdf", "Stat Block (HTML).xsl"},
 };
 
@@ -131,9 +129,9 @@ DCharacter* StatblockCommand::LoadSubject(CliContext& context, const QString& fi
     }
     DFileObject* entry = CliLookup::FindRace(raceName);
     if (!entry) {
-        CliContext::Fail(CliLookup::UnknownName(
-            QStringLiteral("race"), raceName,
-            CliLookup::ClosestNames(raceName, CliLookup::RaceNames(), 3)));
+        CliContext::Fail(
+            CliLookup::UnknownName(QStringLiteral("race"), raceName,
+                                   CliLookup::ClosestNames(raceName, CliLookup::RaceNames(), 3)));
         return nullptr;
     }
     auto* character = new DCharacter();

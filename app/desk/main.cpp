@@ -62,8 +62,8 @@ int main(int argc, char* argv[]) {
     const QCommandLineOption statBlockOption("stat-block", "Show the stat block tab.");
     const QCommandLineOption previewOption(
         "print-preview", "Open the print preview with the style sheet STYLE.", "STYLE");
-    parser.addOptions({dataOption, userOption, dbOption, quitOption, grabOption, statBlockOption,
-                       previewOption});
+    parser.addOptions(
+        {dataOption, userOption, dbOption, quitOption, grabOption, statBlockOption, previewOption});
     parser.addPositionalArgument("file", "A character file to open.", "[file]");
     parser.process(app);
 

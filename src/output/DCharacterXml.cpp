@@ -36,8 +36,7 @@ constexpr const char* kSkillAbilityNames[kAbilityCount] = {"Str", "Dex", "Con",
                                                            "Int", "Wis", "Cha"};
 constexpr const char* kSaveNames[kSaveCount] = {"Fortitude", "Reflex", "Will"};
 constexpr const char* kSaveAbbrs[kSaveCount] = {"Fort", "Ref", "Will"};
-constexpr int kSaveAbility[kSaveCount] = {kAbilityConstitution, kAbilityDexterity,
-                                          kAbilityWisdom};
+constexpr int kSaveAbility[kSaveCount] = {kAbilityConstitution, kAbilityDexterity, kAbilityWisdom};
 constexpr const char* kCoinNames[DCurrency::kCoinTypeCount] = {"cp", "sp", "gp", "pp"};
 constexpr const char* kTreasureTable = "[types Creature Treasure]";
 
@@ -57,7 +56,8 @@ public:
         WriteIdentity();
         WriteDeity();
         if (mMonster && mRace)
-            mXml.Text("challenge-rating", DHandBook::BuildFractionString(mRace->GetChallengeRating()));
+            mXml.Text("challenge-rating",
+                      DHandBook::BuildFractionString(mRace->GetChallengeRating()));
         WriteAlignment();
         WriteSize();
         if (mCharacter->GetCharacterStat(kStatAge) > 0)
@@ -170,9 +170,8 @@ private:
     }
 
     void WriteHitDice() {
-        const int con = mCharacter->IsNullAbility(kAbilityConstitution)
-                            ? 0
-                            : Modifier(kAbilityConstitution);
+        const int con =
+            mCharacter->IsNullAbility(kAbilityConstitution) ? 0 : Modifier(kAbilityConstitution);
         mXml.Open("hit-dice");
         for (const DCharacterClass* characterClass : mCharacter->GetClassList()) {
             const DClassInfo* info = DDatabase::GetClassInfoA(characterClass->GetClassGuid());
@@ -347,8 +346,8 @@ private:
             mXml.NameValue("modifier", QStringLiteral("feature"), values.feature);
             mXml.NameValue("modifier", QStringLiteral("user"), values.user);
             mXml.Close("modifiers");
-            mXml.Text("total",
-                      DXmlStream::Signed(mCharacter->GetCharacterStat(SaveStat(kStatFortitude, save))));
+            mXml.Text("total", DXmlStream::Signed(
+                                   mCharacter->GetCharacterStat(SaveStat(kStatFortitude, save))));
             mXml.Close("saving-throw");
         }
         mXml.Close("saving-throws");
@@ -358,7 +357,8 @@ private:
     // weapons themselves and their bonuses come with the offense work.
     void WriteAttacks() {
         const int base = mCharacter->GetCharacterStat(kStatBaseAttack);
-        const int size = mCharacter->GetSizeInfo() ? mCharacter->GetSizeInfo()->GetAttackArmorMod() : 0;
+        const int size =
+            mCharacter->GetSizeInfo() ? mCharacter->GetSizeInfo()->GetAttackArmorMod() : 0;
         mXml.Open("attacks");
         mXml.Text("base", DXmlStream::Signed(base));
         mXml.Text("grapple", DXmlStream::Signed(DHandBook::ComputeGrapple(mCharacter)));
@@ -367,7 +367,8 @@ private:
             int ability;
         } rolls[] = {{"melee", kAbilityStrength}, {"ranged", kAbilityDexterity}};
         for (const auto& roll : rolls) {
-            const int ability = mCharacter->IsNullAbility(roll.ability) ? 0 : Modifier(roll.ability);
+            const int ability =
+                mCharacter->IsNullAbility(roll.ability) ? 0 : Modifier(roll.ability);
             mXml.Open(roll.name);
             mXml.Open("modifiers");
             mXml.NameValue("modifier", QStringLiteral("base"), base);
@@ -609,8 +610,8 @@ void DCharacterXml::WriteCharacter(DCharacter* character, QTextStream& out,
     WriteRoot(character, out, styleSheet, number, omitDeclaration, false);
 }
 
-void DCharacterXml::WriteMonster(DCharacter* character, QTextStream& out,
-                                 const QString& styleSheet, int number, bool omitDeclaration) {
+void DCharacterXml::WriteMonster(DCharacter* character, QTextStream& out, const QString& styleSheet,
+                                 int number, bool omitDeclaration) {
     WriteRoot(character, out, styleSheet, number, omitDeclaration, true);
 }
 

@@ -51,8 +51,7 @@ QString DOutput::FindStyleSheet(const QString& kind, const QString& name) {
 }
 
 DXslTransform DOutput::Transformer() {
-    return DXslTransform(
-        {DOptions::GetUserDataPath() + "/xml", DOptions::mAppPath + "/xml"});
+    return DXslTransform({DOptions::GetUserDataPath() + "/xml", DOptions::mAppPath + "/xml"});
 }
 
 bool DOutput::Render(DCharacter* character, const QString& styleName, QByteArray& result,
@@ -83,8 +82,7 @@ bool DOutput::BuildStatBlock(DCharacter* character, QString& text, QString& erro
 QString DOutput::ToHtml(const QByteArray& result, const QString& outputMethod) {
     if (outputMethod == QLatin1String("html") || outputMethod == QLatin1String("xml"))
         return QString::fromUtf8(result);
-    return "<html><body><pre>" + QString::fromUtf8(result).toHtmlEscaped() +
-           "</pre></body></html>";
+    return "<html><body><pre>" + QString::fromUtf8(result).toHtmlEscaped() + "</pre></body></html>";
 }
 
 bool DOutput::SaveBytes(const QByteArray& bytes, const QString& path, QString& error) {
@@ -101,7 +99,8 @@ bool DOutput::WriteWorkingFile(const QByteArray& bytes, const QString& path, QSt
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
         file.write(bytes) != bytes.size()) {
-        error = QStringLiteral("cannot write the working file %1: %2").arg(path, file.errorString());
+        error =
+            QStringLiteral("cannot write the working file %1: %2").arg(path, file.errorString());
         return false;
     }
     return true;

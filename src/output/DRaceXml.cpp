@@ -58,9 +58,10 @@ private:
         if (!die.isEmpty()) {
             mXml.Open("hit-die");
             mXml.Text("die", die);
-            const int con = mRace.GetNoAbility(kAbilityConstitution)
-                                ? 0
-                                : DHandBook::GetAbilityModifier(mRace.GetAbility(kAbilityConstitution));
+            const int con =
+                mRace.GetNoAbility(kAbilityConstitution)
+                    ? 0
+                    : DHandBook::GetAbilityModifier(mRace.GetAbility(kAbilityConstitution));
             const int bonus = int(float(con) * mRace.GetHitDieCount());
             if (bonus != 0)
                 mXml.Text("bonus", DXmlStream::Signed(bonus));

@@ -55,11 +55,10 @@ QString DRuleNames::SkillDescription(const QUuid& skill, const QUuid& subSkill) 
         return QString();
     QString text = info->GetSkillName();
     if (info->GetIsMultiType() && !subSkill.isNull()) {
-        const QString sub = Lookup(
-            QString::asprintf("SELECT Name FROM %s WHERE (Guid=%s) AND (SubGuid=%s)",
-                              DRulesQuery::Table(kTableSkillSub).constData(),
-                              DRulesQuery::Guid(skill).constData(),
-                              DRulesQuery::Guid(subSkill).constData()));
+        const QString sub = Lookup(QString::asprintf(
+            "SELECT Name FROM %s WHERE (Guid=%s) AND (SubGuid=%s)",
+            DRulesQuery::Table(kTableSkillSub).constData(), DRulesQuery::Guid(skill).constData(),
+            DRulesQuery::Guid(subSkill).constData()));
         if (!sub.isEmpty())
             text += QStringLiteral(" (%1)").arg(sub);
     }
@@ -78,8 +77,8 @@ QString DRuleNames::FeatDescription(const DChosenFeat& feat) {
     if (!feat.GetTargetGuid().isNull()) {
         switch (info->GetFeatTargetType()) {
         case kTargetWeapon:
-            if (const auto* weapon = static_cast<const DItemInfo*>(
-                    DDatabase::GetWeaponInfo(feat.GetTargetGuid())))
+            if (const auto* weapon =
+                    static_cast<const DItemInfo*>(DDatabase::GetWeaponInfo(feat.GetTargetGuid())))
                 target = weapon->GetItemName();
             break;
         case kTargetSkill:

@@ -6,12 +6,12 @@
 #include <QRegularExpression>
 #include <QUrl>
 
+#include <libexslt/exslt.h>
 #include <libxml/entities.h>
 #include <libxml/hash.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <libxml/tree.h>
-#include <libexslt/exslt.h>
 #include <libxslt/security.h>
 #include <libxslt/transform.h>
 #include <libxslt/xsltInternals.h>
@@ -168,8 +168,8 @@ QString ExternalEntity(xmlDtd* dtd) {
     if (!dtd)
         return QString();
     if (dtd->SystemID || dtd->ExternalID)
-        return QString::fromUtf8(reinterpret_cast<const char*>(
-            dtd->SystemID ? dtd->SystemID : dtd->ExternalID));
+        return QString::fromUtf8(
+            reinterpret_cast<const char*>(dtd->SystemID ? dtd->SystemID : dtd->ExternalID));
     QString found;
     const auto scan = [](void* payload, void* data, const xmlChar*) {
         auto* entity = static_cast<xmlEntity*>(payload);
@@ -193,8 +193,8 @@ DocPtr ParseDocument(const QByteArray& bytes, const QString& name, LibraryGuard&
         return nullptr;
     }
     const QByteArray url = QUrl::fromLocalFile(name).toEncoded();
-    DocPtr doc(xmlCtxtReadMemory(ctxt.get(), bytes.constData(), int(bytes.size()),
-                                 url.constData(), nullptr, kParseOptions));
+    DocPtr doc(xmlCtxtReadMemory(ctxt.get(), bytes.constData(), int(bytes.size()), url.constData(),
+                                 nullptr, kParseOptions));
     if (!doc || !ctxt->wellFormed) {
         const xmlError* last = xmlCtxtGetLastError(ctxt.get());
         const QString message = last && last->message
@@ -207,7 +207,8 @@ DocPtr ParseDocument(const QByteArray& bytes, const QString& name, LibraryGuard&
     if (external.isEmpty())
         external = ExternalEntity(doc->extSubset);
     if (!external.isEmpty()) {
-        error = QStringLiteral("%1 asks for the external resource '%2': refused").arg(name, external);
+        error =
+            QStringLiteral("%1 asks for the external resource '%2': refused").arg(name, external);
         return nullptr;
     }
     return doc;
@@ -232,8 +233,7 @@ bool DXslTransform::CheckDocument(const QByteArray& document, const QString& doc
 }
 
 bool DXslTransform::Apply(const QByteArray& document, const QString& documentName,
-                          const QString& styleSheetPath, QByteArray& result,
-                          QString& error) const {
+                          const QString& styleSheetPath, QByteArray& result, QString& error) const {
     QByteArray styleBytes;
     if (!ReadFile(styleSheetPath, styleBytes, error))
         return false;
@@ -262,8 +262,8 @@ bool DXslTransform::Apply(const QByteArray& document, const QString& documentNam
         error = QStringLiteral("the style sheet %1 cannot be applied").arg(styleSheetPath);
         return false;
     }
-    DocPtr output(xsltApplyStylesheetUser(style.get(), source.get(), nullptr, nullptr, nullptr,
-                                          ctxt.get()));
+    DocPtr output(
+        xsltApplyStylesheetUser(style.get(), source.get(), nullptr, nullptr, nullptr, ctxt.get()));
     if (!output || ctxt->state != XSLT_STATE_OK) {
         error = QStringLiteral("the style sheet %1 fails on %2: %3")
                     .arg(styleSheetPath, documentName, guard.FirstMessage());

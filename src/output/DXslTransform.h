@@ -13,7 +13,8 @@ class DXslTransform {
 public:
     // `allowedFolders`: where style sheets may import from (the installed and the user's
     // xml folders).
-    explicit DXslTransform(QStringList allowedFolders) : mAllowedFolders(std::move(allowedFolders)) {}
+    explicit DXslTransform(QStringList allowedFolders)
+        : mAllowedFolders(std::move(allowedFolders)) {}
 
     // Applies the style sheet file to the document; false with `error` naming the fault.
     bool Apply(const QByteArray& document, const QString& documentName,

@@ -34,7 +34,8 @@ TEST_F(StatblockCliTest, StatBlocksOfTheReadyRaceAndTheDemoCharacter) {
     const clitest::CliRun tordek =
         runHoard({"statblock", Path("tordek.chr"), "--format", "md"}, mUser.path());
     ASSERT_EQ(tordek.status, 0) << tordek.err.toStdString();
-    EXPECT_TRUE(tordek.out.contains("**Hit Dice:** 4d10+12 (37 hp)  \n")) << tordek.out.toStdString();
+    EXPECT_TRUE(tordek.out.contains("**Hit Dice:** 4d10+12 (37 hp)  \n"))
+        << tordek.out.toStdString();
     EXPECT_TRUE(tordek.out.contains("**Saves:** Fort +7, Ref +2, Will +2  \n"));
 }
 
@@ -65,7 +66,8 @@ TEST_F(StatblockCliTest, BadRequestsFailInOneLineAndLeaveNothing) {
         const char* output; // must not exist afterwards
     } cases[] = {
         {{"statblock", "--race", "Ogre", "--style", "No Such Sheet"}, "no style sheet", nullptr},
-        {{"export", "--race", "Ogre", "--style", "Broken", "-o", "OUT/b.txt"}, "Broken.xsl",
+        {{"export", "--race", "Ogre", "--style", "Broken", "-o", "OUT/b.txt"},
+         "Broken.xsl",
          "b.txt"},
         {{"export", "--race", "Ogre", "--style", "Probe", "-o", "OUT/p.txt"}, "refused", "p.txt"},
         {{"export", "--race", "Ogre", "-o", "OUT/plain/ogre.html"}, "cannot write", nullptr},

@@ -38,9 +38,10 @@ TEST_F(CharacterXmlTest, DocumentsRoundTripThroughTheParser) {
     tordek->SetCharacterName(FCString("Tordek & <Sons> \"Ltd\""));
     tordek->SetPlayerName(FCString("A>B"));
     const QByteArray document = DCharacterXml::ToBytes(tordek.get(), "Stat Block.xsl");
-    EXPECT_TRUE(document.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                    "<?xml-stylesheet type=\"text/xsl\" href=\"Stat Block.xsl\"?>\n\n"
-                                    "<character>\n\t<name>"));
+    EXPECT_TRUE(
+        document.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                            "<?xml-stylesheet type=\"text/xsl\" href=\"Stat Block.xsl\"?>\n\n"
+                            "<character>\n\t<name>"));
     EXPECT_TRUE(document.contains("<name>Tordek &amp; &lt;Sons&gt; \"Ltd\"</name>"));
     QString error;
     const auto elements = Elements(document, error);

@@ -107,7 +107,8 @@ protected:
         DHandBook::CharacterSetup(character.get(), true);
         const int scores[kAbilityCount] = {15, 13, 14, 10, 12, 8};
         for (int a = 0; a < kAbilityCount; ++a)
-            DHandBook::ChangeAbilityStatBase(character.get(), DAbilityStatType(a), scores[a], false);
+            DHandBook::ChangeAbilityStatBase(character.get(), DAbilityStatType(a), scores[a],
+                                             false);
         character->SetActiveClassId(fighter);
         DHandBook::AddSkill(character.get(), SkillGuid("Climb"), QUuid(), 1, 4.0f, false);
         for (const char* name : {"Power Attack", "Cleave"}) {
@@ -129,7 +130,8 @@ protected:
         for (int i = 0; i < rows.size(); ++i) {
             const qsizetype colon = rows[i].indexOf(QLatin1String(": "));
             if (colon < 0)
-                lines.insert(i == 0 ? QStringLiteral("title") : QStringLiteral("subtitle"), rows[i]);
+                lines.insert(i == 0 ? QStringLiteral("title") : QStringLiteral("subtitle"),
+                             rows[i]);
             else
                 lines.insert(rows[i].left(colon), rows[i].mid(colon + 2));
         }

@@ -130,8 +130,8 @@ TEST_F(XslTransformTest, ImportsFromTheAllowedFolderWork) {
         "<xsl:import href=\"Common/base.xsl\"/></xsl:stylesheet>"));
     QByteArray result;
     QString error;
-    ASSERT_TRUE(Transformer().Apply("<c>a &amp; b</c>", "c.xml", Path("xml/sheet.xsl"), result,
-                                    error))
+    ASSERT_TRUE(
+        Transformer().Apply("<c>a &amp; b</c>", "c.xml", Path("xml/sheet.xsl"), result, error))
         << error.toStdString();
     EXPECT_EQ(result, "a & b");
 }
