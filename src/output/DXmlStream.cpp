@@ -37,7 +37,7 @@ void DXmlStream::Number(const char* name, int value) {
 
 void DXmlStream::NameValue(const char* tag, const QString& name, const QString& value) {
     Indent();
-    mOut << '<' << tag << " name=\"" << name << "\" value=\"" << Escape(value) << "\"/>\n";
+    mOut << '<' << tag << " name=\"" << name << "\" value=\"" << EscapeAttribute(value) << "\"/>\n";
 }
 
 void DXmlStream::NameValue(const char* tag, const QString& name, int value) {
@@ -49,7 +49,7 @@ void DXmlStream::Attributes(const char* name,
     Indent();
     mOut << '<' << name;
     for (const auto& [attribute, value] : attributes)
-        mOut << ' ' << attribute << "=\"" << Escape(value) << '"';
+        mOut << ' ' << attribute << "=\"" << EscapeAttribute(value) << '"';
     mOut << "/>\n";
 }
 
@@ -59,6 +59,10 @@ QString DXmlStream::Escape(const QString& text) {
     out.replace('>', QStringLiteral("&gt;"));
     out.replace('<', QStringLiteral("&lt;"));
     return out;
+}
+
+QString DXmlStream::EscapeAttribute(const QString& text) {
+    return Escape(text).replace('"', QStringLiteral("&quot;"));
 }
 
 QString DXmlStream::Signed(int value) {

@@ -29,6 +29,8 @@ public:
 
     // & first, then > and <; quotes stay as they are.
     static QString Escape(const QString& text);
+    // Within an attribute's quotes a quote would end the value: it is escaped there too.
+    static QString EscapeAttribute(const QString& text);
     // "+3", "0", "-1".
     static QString Signed(int value);
 

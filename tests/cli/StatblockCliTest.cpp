@@ -87,8 +87,9 @@ TEST_F(StatblockCliTest, BadRequestsFailInOneLineAndLeaveNothing) {
         EXPECT_TRUE(run.err.startsWith("hoard: ")) << run.err.toStdString();
         EXPECT_TRUE(run.err.contains(c.expected)) << run.err.toStdString();
         EXPECT_FALSE(run.err.contains("root:"));
-        if (c.output)
+        if (c.output) {
             EXPECT_FALSE(QFileInfo::exists(Path(c.output)));
+        }
     }
     EXPECT_EQ(hoardtest::readFile(Path("plain")), "x");
 }

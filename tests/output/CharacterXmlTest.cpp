@@ -1,7 +1,9 @@
 // The character and monster documents: they parse back, escape what they must, and hold the
 // optional elements exactly when the record has something to say.
 #include "DCharacterXml.h"
-#include "DXmlStream.h"
+#include "DRace.h"
+#include "DRaceXml.h"
+#include "DRollXml.h"
 #include "DXslTransform.h"
 #include "OutputTestSupport.h"
 
@@ -94,6 +96,44 @@ TEST_F(CharacterXmlTest, SaveToXmlReplacesWholeOrNotAtAll) {
     ASSERT_TRUE(hoardtest::writeFile(UserPath("plain"), "x"));
     EXPECT_FALSE(DCharacterXml::SaveToXML(ogre.get(), UserPath("plain/ogre.xml")));
     EXPECT_EQ(hoardtest::readFile(UserPath("plain")), "x");
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(CharacterXmlTest, RaceAndRollDocumentsParse) {
+    DRace* race = DRace::CreateFromFile(ReadyRace("Ogre")->GetAccessFilePath(), false);
+    ASSERT_NE(race, nullptr);
+    const QByteArray raceDocument = DRaceXml::ToBytes(*race, QString());
+    race->Release();
+    QByteArray rollDocument;
+    QTextStream out(&rollDocument);
+    DRollXml::Write({{"2d6+1", {"7", "12"}}, {"d20 \"&\"", {}}}, out, QString());
+    QString error;
+    const auto races = Elements(raceDocument, error);
+    EXPECT_TRUE(error.isEmpty()) << error.toStdString();
+    const auto rolls = Elements(rollDocument, error);
+    EXPECT_TRUE(error.isEmpty()) << error.toStdString();
+    const struct {
+        const char* what;
+        bool holds;
+    } cases[] = {
+        // Giant d8, four dice, Con 15 (+2) on each.
+        {"the ogre's hit die", races.value("races/hit-dice/hit-die/die") == "4d8"},
+        {"its Constitution bonus", races.value("races/hit-dice/hit-die/bonus") == "+8"},
+        // A race holds adjustments, kept even: Str 21 is +10, written as 10 + 10.
+        {"a race's abilities are 10 and its adjustments",
+         races.values("races/abilities/ability/base").contains("20") &&
+             !races.values("races/abilities/ability/base").contains("21")},
+        // QMultiMap gives the value inserted last first.
+        {"rolls in list order",
+         rolls.values("roll-lists/roll-list/rolls/roll") == QStringList{"12", "7"}},
+        {"an expression with markup characters",
+         rolls.values("roll-lists/roll-list/name").contains("d20 \"&\"")},
+    };
+    for (const auto& c : cases)
+        EXPECT_TRUE(c.holds) << c.what;
 }
 
 } // namespace
