@@ -183,8 +183,11 @@ int StatblockCommand::Run(CliContext& context, QStringList args) {
         style = QString::fromLatin1(format->defaultStyle);
 
     QByteArray result;
-    if (!format->defaultStyle && style.isEmpty()) {
-        result = DCharacterXml::ToBytes(character, QString());
+    if (!format->defaultStyle) {
+        // The document itself; a style names the sheet a browser would apply to it.
+        if (!style.isEmpty() && !style.endsWith(QLatin1String(".xsl")))
+            style += QStringLiteral(".xsl");
+        result = DCharacterXml::ToBytes(character, style);
     } else if (!DOutput::Render(character, style, result, error)) {
         return CliContext::Fail(error);
     }
