@@ -12,6 +12,7 @@
 #include "DOptions.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace {
@@ -51,13 +52,14 @@ bool buildTordek(DCharacter& character, DFileObject* dwarf) {
 } // namespace
 
 QString DemoCommand::Help() const {
-    return QStringLiteral("Usage: hoard demo [--json]\n\n"
+    return QStringLiteral("Usage: hoard demo [-o FILE.chr] [--json]\n\n"
                           "Works in a scratch folder that is removed afterwards: builds Tordek, "
                           "a dwarf\n"
                           "fighter 4, by the rules (scores 15/13/14/10/12/8, Climb, Power Attack, "
                           "Cleave),\n"
                           "saves him, reads him back and prints him. --seed makes the rolls "
-                          "repeatable.\n");
+                          "repeatable.\n"
+                          "-o keeps a copy of the character file (for `hoard statblock`).\n");
 }
 
 int DemoCommand::Run(CliContext& context, QStringList args) {
@@ -65,6 +67,9 @@ int DemoCommand::Run(CliContext& context, QStringList args) {
         CliContext::PrintLine(Help());
         return 0;
     }
+    QString keep;
+    if (!TakeOption(args, "-o", keep))
+        return CliContext::Fail(QStringLiteral("-o is missing its value"));
     QTemporaryDir scratch;
     if (!scratch.isValid())
         return CliContext::Fail(QStringLiteral("cannot make a scratch folder"));
@@ -85,6 +90,8 @@ int DemoCommand::Run(CliContext& context, QStringList args) {
     if (!character.SaveToFile(FCString(characterPath)))
         return CliContext::Fail(QStringLiteral("cannot write %1").arg(characterPath));
 
+    if (!keep.isEmpty() && !character.SaveToFile(FCString(QFileInfo(keep).absoluteFilePath())))
+        return CliContext::Fail(QStringLiteral("cannot write %1").arg(keep));
     QString error;
     DCharacter* reloaded = CharacterCommand::LoadCharacter(characterPath, error);
     if (!reloaded)

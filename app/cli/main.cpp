@@ -10,8 +10,10 @@
 #include "RollCommand.h"
 #include "RulesCommand.h"
 #include "SpellsCommand.h"
+#include "StatblockCommand.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <memory>
 #include <vector>
@@ -30,6 +32,8 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
     commands.push_back(std::make_unique<AbilitiesCommand>());
+    commands.push_back(std::make_unique<StatblockCommand>(false));
+    commands.push_back(std::make_unique<StatblockCommand>(true));
     return commands;
 }
 
@@ -47,9 +51,20 @@ QString programHelp(const std::vector<std::unique_ptr<CliCommand>>& commands) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    QCoreApplication app(argc, argv);
+    // PDF pages are laid out by Qt's graphical part; without a display it draws off screen.
+    // Taken before the application object exists: the graphical one eats options of its own
+    // (--style among them).
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args << QString::fromLocal8Bit(argv[i]);
+    std::unique_ptr<QCoreApplication> application;
+    if (StatblockCommand::WantsPdf(argc, argv)) {
+        StatblockCommand::PrepareOffscreen();
+        application = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        application = std::make_unique<QCoreApplication>(argc, argv);
+    }
     QCoreApplication::setApplicationName(QStringLiteral("hoard"));
-    QStringList args = app.arguments().mid(1);
     const auto commands = makeCommands();
 
     // Runs without --seed must not repeat each other's rolls; --seed replaces this seed.

@@ -2,6 +2,7 @@
 
 #include "CatalogueDock.h"
 #include "CharacterSpellRows.h"
+#include "DeskPrinting.h"
 #include "NewCharacterDialog.h"
 
 #include "D_UICharRollDialog.h"
@@ -27,6 +28,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTextBrowser>
 
 DeskMainWindow::DeskMainWindow(const QString& databaseConnection, QWidget* parent)
@@ -34,7 +36,13 @@ DeskMainWindow::DeskMainWindow(const QString& databaseConnection, QWidget* paren
     setWindowTitle(QStringLiteral("Hoard"));
     resize(900, 640);
     mView = new QTextBrowser(this);
-    setCentralWidget(mView);
+    mStatBlockView = new QTextBrowser(this);
+    mStatBlockView->setObjectName("statBlockView");
+    mTabs = new QTabWidget(this);
+    mTabs->addTab(mView, tr("Character"));
+    mTabs->addTab(mStatBlockView, tr("Stat Block"));
+    mTabs->setTabEnabled(1, false);
+    setCentralWidget(mTabs);
     mStatus = new QLabel(this);
     statusBar()->addPermanentWidget(mStatus);
     BuildMenus();
@@ -62,6 +70,14 @@ void DeskMainWindow::BuildMenus() {
                                     &DeskMainWindow::SaveCharacterAs);
     mSaveAction->setEnabled(false);
     mSaveAsAction->setEnabled(false);
+    file->addSeparator();
+    mOutputActions = {
+        file->addAction(tr("&Print..."), QKeySequence::Print, this,
+                        &DeskMainWindow::PrintCharacter),
+        file->addAction(tr("Print Pre&view..."), this, &DeskMainWindow::PrintPreviewCharacter),
+        file->addAction(tr("&Export..."), this, &DeskMainWindow::ExportCharacter)};
+    for (QAction* action : mOutputActions)
+        action->setEnabled(false);
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
     QMenu* character = menuBar()->addMenu(tr("&Character"));
@@ -208,6 +224,34 @@ void DeskMainWindow::ShowCharacter(const DCharacter& character, const QString& f
                             CombatRows(character) + CharacterSpellRows::Build(character),
                             fileText));
     setWindowTitle(tr("Hoard - %1").arg(character.GetCharacterName()));
+    // Rewritten at every showing, so it follows every change made here.
+    if (mCharacter)
+        mStatBlockView->setHtml(DeskPrinting::StatBlockHtml(mCharacter));
+}
+
+void DeskMainWindow::ShowStatBlockTab() {
+    if (mTabs->isTabEnabled(1))
+        mTabs->setCurrentIndex(1);
+}
+
+void DeskMainWindow::OpenPrintPreview(const QString& style) {
+    if (mCharacter)
+        DeskPrinting::PrintPreview(this, mCharacter, style);
+}
+
+void DeskMainWindow::PrintCharacter() {
+    if (mCharacter)
+        DeskPrinting::Print(this, mCharacter);
+}
+
+void DeskMainWindow::PrintPreviewCharacter() {
+    if (mCharacter)
+        DeskPrinting::PrintPreview(this, mCharacter);
+}
+
+void DeskMainWindow::ExportCharacter() {
+    if (mCharacter)
+        DeskPrinting::Export(this, mCharacter);
 }
 
 QString DeskMainWindow::CombatRows(const DCharacter& character) const {
@@ -264,6 +308,11 @@ void DeskMainWindow::SetCurrentCharacter(DCharacter* character, const QString& f
         if (action)
             action->setEnabled(mCharacter != nullptr);
     }
+    for (QAction* action : mOutputActions)
+        action->setEnabled(mCharacter != nullptr);
+    mTabs->setTabEnabled(1, mCharacter != nullptr);
+    if (!mCharacter)
+        mTabs->setCurrentIndex(0);
     if (mCharacter)
         ShowCharacter(*mCharacter, mCharacterFile);
 }

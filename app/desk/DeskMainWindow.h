@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QMainWindow>
 
 class CatalogueDock;
@@ -8,6 +9,7 @@ class DFileObject;
 class QAction;
 class QCloseEvent;
 class QLabel;
+class QTabWidget;
 class QTextBrowser;
 
 // The host's main window: starts the library, says which rules are loaded, opens files.
@@ -21,6 +23,10 @@ public:
     // Opens an object file and shows what it holds; false with a message if it cannot.
     bool OpenFile(const QString& path);
     CatalogueDock* GetCatalogueDock() const { return mCatalogues; }
+    // For checks from the command line: the stat block tab brought forward, the print preview
+    // opened with the named style.
+    void ShowStatBlockTab();
+    void OpenPrintPreview(const QString& style);
 
 private slots:
     void ChooseFileToOpen();
@@ -32,6 +38,9 @@ private slots:
     bool SaveCharacter();
     bool SaveCharacterAs();
     void ShowAbout();
+    void PrintCharacter();
+    void PrintPreviewCharacter();
+    void ExportCharacter();
 
 protected:
     // Offers to save a character with changes before the window closes.
@@ -58,6 +67,9 @@ private:
     QAction* mAbilityAction = nullptr;
     QAction* mSaveAction = nullptr;
     QAction* mSaveAsAction = nullptr;
+    QList<QAction*> mOutputActions;
+    QTabWidget* mTabs = nullptr;
+    QTextBrowser* mStatBlockView = nullptr;
     DCharacter* mCharacter = nullptr;
     QString mCharacterFile;
     bool mCharacterEdited = false;

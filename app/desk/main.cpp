@@ -59,7 +59,11 @@ int main(int argc, char* argv[]) {
                                         "MS");
     const QCommandLineOption grabOption("screenshot", "Save a picture of the window to FILE.",
                                         "FILE");
-    parser.addOptions({dataOption, userOption, dbOption, quitOption, grabOption});
+    const QCommandLineOption statBlockOption("stat-block", "Show the stat block tab.");
+    const QCommandLineOption previewOption(
+        "print-preview", "Open the print preview with the style sheet STYLE.", "STYLE");
+    parser.addOptions(
+        {dataOption, userOption, dbOption, quitOption, grabOption, statBlockOption, previewOption});
     parser.addPositionalArgument("file", "A character file to open.", "[file]");
     parser.process(app);
 
@@ -72,13 +76,21 @@ int main(int argc, char* argv[]) {
     window.show();
     if (!parser.positionalArguments().isEmpty())
         window.OpenFile(parser.positionalArguments().first());
+    if (parser.isSet(statBlockOption))
+        window.ShowStatBlockTab();
     if (parser.isSet(quitOption)) {
         const QString screenshot = parser.value(grabOption);
         QTimer::singleShot(parser.value(quitOption).toInt(), &window, [&window, screenshot] {
+            // A dialog open in front (the print preview) is what the picture shows.
+            QWidget* shown = QApplication::activeModalWidget();
             if (!screenshot.isEmpty())
-                window.grab().save(screenshot);
+                (shown ? shown : static_cast<QWidget*>(&window))->grab().save(screenshot);
             QApplication::closeAllWindows();
         });
+    }
+    if (parser.isSet(previewOption)) {
+        const QString style = parser.value(previewOption);
+        QTimer::singleShot(0, &window, [&window, style] { window.OpenPrintPreview(style); });
     }
     return app.exec();
 }

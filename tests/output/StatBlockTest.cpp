@@ -1,0 +1,161 @@
+// Stat blocks of published monsters and of a hand-worked character, line by line. Expected
+// lines are the published stat lines (for the fields the rules engine computes today) and,
+// where the published figure rests on something the records do not hold yet (armor worn, a
+// feat such as Toughness), the figure worked out by hand from the rules.
+#include "DCharacterXml.h"
+#include "OutputTestSupport.h"
+
+namespace {
+
+using outputtest::OutputFixture;
+
+struct Line {
+    const char* label;
+    const char* value;
+};
+
+struct Creature {
+    const char* race;
+    std::vector<Line> lines;
+};
+
+class StatBlockTest : public OutputFixture {};
+
+TEST_F(StatBlockTest, PublishedMonstersLineByLine) {
+    const Creature creatures[] = {
+        {"Ogre",
+         {{"Size/Type", "Large Giant"},
+          // Published 4d8+11 (29 hp): Toughness, which a bare race has not taken. 4 x 4.5 + 4 x 2.
+          {"Hit Dice", "4d8+8 (26 hp)"},
+          {"Initiative", "-1"},
+          // Published 16 (... +3 hide armor), flat-footed 16: nothing is worn yet.
+          {"Armor Class", "13 (-1 size, -1 Dex, +5 natural), touch 8, flat-footed 13"},
+          {"Base Attack/Grapple", "+3/+12"},
+          {"Space/Reach", "10 ft./10 ft."},
+          {"Special Qualities", "Darkvision 60 ft., low-light vision"},
+          {"Saves", "Fort +6, Ref +0, Will +1"},
+          {"Abilities", "Str 21, Dex 8, Con 15, Int 6, Wis 10, Cha 7"},
+          {"Challenge Rating", "3"},
+          {"Treasure", "Standard"},
+          {"Alignment", "Usually chaotic evil"}}},
+        {"Owlbear",
+         {{"Size/Type", "Large Magical Beast"},
+          {"Hit Dice", "5d10+25 (52 hp)"},
+          {"Initiative", "+1"},
+          {"Speed", "30 ft. (6 squares)"},
+          {"Armor Class", "15 (-1 size, +1 Dex, +5 natural), touch 10, flat-footed 14"},
+          {"Base Attack/Grapple", "+5/+14"},
+          {"Space/Reach", "10 ft./5 ft."},
+          {"Special Attacks", "Improved grab"},
+          {"Special Qualities", "Scent"},
+          {"Saves", "Fort +9, Ref +5, Will +2"},
+          {"Abilities", "Str 21, Dex 12, Con 21, Int 2, Wis 12, Cha 10"},
+          {"Challenge Rating", "4"},
+          {"Treasure", "None"},
+          {"Alignment", "Always neutral"},
+          {"Advancement", "6-8 HD (Large); 9-15 HD (Huge)"}}},
+        {"Dretch",
+         {{"Size/Type", "Small Outsider (Chaotic, Extraplanar, Evil)"},
+          {"Hit Dice", "2d8+4 (13 hp)"},
+          {"Initiative", "+0"},
+          {"Speed", "20 ft. (4 squares)"},
+          {"Armor Class", "16 (+1 size, +5 natural), touch 11, flat-footed 16"},
+          {"Base Attack/Grapple", "+2/-1"},
+          {"Space/Reach", "5 ft./5 ft."},
+          {"Special Attacks", "Spell-like abilities, summon demon"},
+          {"Saves", "Fort +5, Ref +3, Will +3"},
+          {"Abilities", "Str 12, Dex 10, Con 14, Int 5, Wis 11, Cha 11"},
+          {"Challenge Rating", "2"},
+          {"Treasure", "None"},
+          {"Alignment", "Always chaotic evil"},
+          {"Advancement", "3-6 HD (Small)"}}},
+        {"Hill Giant",
+         {{"Size/Type", "Large Giant"},
+          {"Hit Dice", "12d8+48 (102 hp)"},
+          {"Initiative", "-1"},
+          {"Base Attack/Grapple", "+9/+20"},
+          {"Special Attacks", "Rock throwing"},
+          {"Special Qualities", "Low-light vision, rock catching"},
+          {"Saves", "Fort +12, Ref +3, Will +4"},
+          {"Abilities", "Str 25, Dex 8, Con 19, Int 6, Wis 10, Cha 7"},
+          {"Challenge Rating", "7"},
+          {"Alignment", "Often chaotic evil"}}},
+    };
+    for (const Creature& creature : creatures) {
+        SCOPED_TRACE(creature.race);
+        const auto monster = Monster(QString::fromLatin1(creature.race));
+        const QMap<QString, QString> block = StatBlock(monster.get());
+        EXPECT_EQ(block.value("title"), QString::fromLatin1(creature.race));
+        for (const Line& line : creature.lines)
+            EXPECT_EQ(block.value(QString::fromLatin1(line.label)).toStdString(), line.value)
+                << line.label;
+        // A bare race holds no weapons: the attack lines are left out, not made up.
+        EXPECT_FALSE(block.contains("Attack"));
+        EXPECT_FALSE(block.contains("Full Attack"));
+    }
+}
+
+TEST_F(StatBlockTest, HandWorkedDwarfFighter) {
+    const auto tordek = Tordek();
+    const QMap<QString, QString> block = StatBlock(tordek.get());
+    const Line expected[] = {
+        {"title", "Tordek"},
+        {"subtitle", "Dwarf Fighter 4"},
+        {"Size/Type", "Medium Humanoid (Dwarf)"},
+        // 10 at first level, 5 for each later d10, Con 16 +3 at each of four levels.
+        {"Hit Dice", "4d10+12 (37 hp)"},
+        {"Initiative", "+1"},
+        {"Speed", "20 ft. (4 squares)"},
+        {"Armor Class", "11 (+1 Dex), touch 11, flat-footed 10"},
+        // Base attack +4; grapple +4 Str +2, Medium size 0.
+        {"Base Attack/Grapple", "+4/+6"},
+        {"Space/Reach", "5 ft./5 ft."},
+        // Fort 4 + Con 3; Ref 1 + Dex 1; Will 1 + Wis 1.
+        {"Saves", "Fort +7, Ref +2, Will +2"},
+        // Con 14 + 2 and Cha 8 - 2 for a dwarf.
+        {"Abilities", "Str 15, Dex 13, Con 16, Int 10, Wis 12, Cha 6"},
+        // 4 ranks + Str 2; skills on ability alone stay off the line.
+        {"Skills", "Climb +6"},
+        {"Feats", "Cleave, Power Attack"},
+        {"Alignment", "Lawful Good"},
+    };
+    for (const Line& line : expected)
+        EXPECT_EQ(block.value(QString::fromLatin1(line.label)).toStdString(), line.value)
+            << line.label;
+    // A character has no challenge rating or advancement line of its own.
+    EXPECT_FALSE(block.contains("Challenge Rating"));
+    EXPECT_FALSE(block.contains("Advancement"));
+}
+
+// The other layouts read the same lines.
+TEST_F(StatBlockTest, LayoutsOfTheSameLines) {
+    const auto ogre = Monster("Ogre");
+    const struct {
+        const char* style;
+        const char* expected;
+    } layouts[] = {
+        {"Stat Block (Markdown).xsl", "### Ogre\n"},
+        {"Stat Block (Markdown).xsl", "**Hit Dice:** 4d8+8 (26 hp)  \n"},
+        {"Stat Block (HTML).xsl", "<td>4d8+8 (26 hp)</td>"},
+        {"Character Sheet.xsl", "<td>Fortitude (CON)</td>\n<td align=\"center\"><b>+6</b></td>"},
+    };
+    for (const auto& layout : layouts) {
+        SCOPED_TRACE(layout.style);
+        QByteArray result;
+        QString error;
+        ASSERT_TRUE(DOutput::Render(ogre.get(), QString::fromLatin1(layout.style), result, error))
+            << error.toStdString();
+        EXPECT_TRUE(result.contains(layout.expected)) << result.toStdString();
+    }
+}
+
+TEST_F(StatBlockTest, WorkingFilesGoToTheUserFolder) {
+    const auto ogre = Monster("Ogre");
+    StatBlock(ogre.get());
+    const QString working = UserPath("tmp/xml/Monster/");
+    EXPECT_TRUE(hoardtest::readFile(working + "tmp.xml").contains("<monster>"));
+    EXPECT_TRUE(hoardtest::readFile(working + "block.txt").startsWith("Ogre\n"));
+    EXPECT_FALSE(QFileInfo::exists(hoardtest::builtDataDir() + "/xml/Monster/tmp.xml"));
+}
+
+} // namespace
