@@ -391,10 +391,43 @@ bool DDatabase::StartUp(const FCString& path) {
         DFailureReporter::Report(QStringLiteral("Connect failed."), error.getMessage());
         mConnection = nullptr;
     }
+    // SQLite opens any file lazily: a truncated or foreign file, or one of another schema,
+    // would otherwise connect and then fail every query that follows.
+    const QString schemaFault = mConnection ? FindSchemaFault() : QString();
+    if (!schemaFault.isEmpty()) {
+        DFailureReporter::Report(QStringLiteral("Connect failed."), schemaFault);
+        delete mConnection;
+        mConnection = nullptr;
+    }
     PreloadIfNeeded();
     if (!mItemCollection)
         mItemCollection = FCCreateDynamicObject("DItemCollection");
     return mConnection != nullptr;
+}
+
+std::vector<int> DDatabase::GetRequiredTables() {
+    // The tables the rule maps are read from: without them no character can be computed.
+    std::vector<int> tables = {
+        kTableClass, kTableAlignment, kTableSize,         kTableLevelGold,         kTableSkill,
+        kTableFeat,  kTableCoin,      kTableSpellSchools, kTableAdvancementDamage, kTableWeapons,
+        kTableArmor, kTableShield,    kTableGoods,        kTableMasterworkCosts};
+    tables.insert(tables.end(), std::begin(kHelperTables), std::end(kHelperTables));
+    return tables;
+}
+
+QString DDatabase::FindSchemaFault() {
+    for (const int table : GetRequiredTables()) {
+        const QByteArray name = GetTableName(table).toLatin1();
+        try {
+            std::unique_ptr<odbc::Statement> statement(mConnection->createStatement());
+            statement->executeQuery(
+                QString::asprintf("SELECT * FROM %s WHERE 1=0", name.constData()));
+        } catch (const std::exception& error) {
+            return QStringLiteral("%1 is not a rules database: the table %2 cannot be read (%3)")
+                .arg(mDatabasePath, QString::fromLatin1(name), QString::fromUtf8(error.what()));
+        }
+    }
+    return QString();
 }
 
 void DDatabase::ShutDown() {

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include <array>
 
@@ -91,6 +92,8 @@ public:
     static bool SetPath(const FCString& path);
     static const FCString& GetPath() { return mDatabasePath; }
     static void PreloadIfNeeded();
+    // Tables a database must have to be used at all (StartUp refuses one without them).
+    static std::vector<int> GetRequiredTables();
     static bool HasPreloaded() { return mHasPreloaded; }
 
     static odbc::Connection* GetConnection() { return mConnection; }
@@ -187,6 +190,8 @@ public:
                                                       0x66,       0x8C,   0x73,   0xED, 0x38};
 
 private:
+    // Empty when the connection reads every table a computation needs; else why not.
+    static QString FindSchemaFault();
     static void LoadObjectPtrMapODBC(const FCString& tableName, const char* className,
                                      FCPointerMap<int, DInfo>& map);
     static void LoadGuidObjectPtrMapODBC(const FCString& tableName, const char* className,

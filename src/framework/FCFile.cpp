@@ -41,7 +41,15 @@ bool FCFile::close() {
         mReadFile.reset();
     }
     if (mWriteFile) {
-        ok = mWriteFile->commit();
+        // QSaveFile commits a file whose buffered tail failed to reach the disk (a full disk,
+        // a file-size limit): flush first, and a failed write throws the new file away.
+        if (!mWriteFile->flush() || mWriteFile->error() != QFileDevice::NoError) {
+            mWriteFile->cancelWriting();
+            mWriteFile->commit();
+            ok = false;
+        } else {
+            ok = mWriteFile->commit();
+        }
         mWriteFile.reset();
     }
     return ok;

@@ -47,6 +47,10 @@ TEST(HoardCli, UserErrorsGiveOneLineAndStatusOne) {
         {{"character", "show", garbage}, "not a readable character file"},
         {{"character", "fly"}, "unknown character command 'fly'"},
         {{"db", "info", "--db", files.path() + "/absent.db"}, "Connect failed."},
+        // A file that is no database must stop the command before anything is saved.
+        {{"character", "new", "--name", "A", "--race", "Human", "--db", garbage, "-o",
+          files.path() + "/saved.chr"},
+         "not a rules database"},
     };
     for (const auto& c : cases) {
         const CliRun run = hoard(c.args, user.path());
@@ -55,6 +59,7 @@ TEST(HoardCli, UserErrorsGiveOneLineAndStatusOne) {
             << c.args.join(' ').toStdString() << "\n  stderr: " << run.err.toStdString();
         EXPECT_LE(run.err.count('\n'), 2) << run.err.toStdString();
     }
+    EXPECT_FALSE(QFile::exists(files.path() + "/saved.chr"));
 }
 
 TEST(HoardCli, HelpNamesEveryCommandAndGlobalOption) {

@@ -82,22 +82,51 @@ TEST(DDatabaseRegistry, TableNamesAndItemTables) {
         EXPECT_EQ(DDatabase::GetItemTypeTableId(type), table) << "item type " << type;
 }
 
-TEST_F(QuietReports, UnreachableDatabaseFailsOnceAndLooksUpNothing) {
-    QTemporaryDir dir;
-    const QString missing = dir.path() + "/no such.db";
-    EXPECT_FALSE(DDatabase::StartUp(FCString(missing)));
-    EXPECT_EQ(DFailureReporter::GetReportCount(), 1);
-    EXPECT_EQ(DFailureReporter::GetLastCaption(), "Connect failed.");
-    EXPECT_FALSE(QFile::exists(missing)) << "a failed connect must not create a database";
-    EXPECT_EQ(DDatabase::GetConnection(), nullptr);
-    EXPECT_EQ(DDatabase::GetSizeInfo(1), nullptr);
-    EXPECT_EQ(DDatabase::GetClassInfoA(DDatabase::kWizardClassGuid), nullptr);
-    EXPECT_EQ(DDatabase::GetWeaponInfo(QUuid::createUuid()), nullptr);
-    EXPECT_EQ(DDatabase::GetRecordCount(kTableClass), 0);
-    EXPECT_TRUE(DDatabase::PickRandomGuidFromTable(kTableClass).isNull());
-    // No connection means no query and so no further report.
-    EXPECT_EQ(DFailureReporter::GetReportCount(), 1);
-    DDatabase::ShutDown();
+TEST_F(QuietReports, BrokenDatabasesFailOnceAtStartUpAndLookUpNothing) {
+    const QByteArray rules = hoardtest::readFile(rulesDatabase());
+    ASSERT_GT(rules.size(), 4096);
+    struct Case {
+        const char* what;
+        QByteArray bytes; // empty: no file at all
+        const char* dropTable;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"missing", {}, nullptr, "unable to open"},
+        {"not a database", QByteArray(2048, 'x'), nullptr, "[info Class]"},
+        {"truncated", rules.left(rules.size() / 8), nullptr, "cannot be read"},
+        {"wrong schema", rules, "[info Feat]", "[info Feat]"},
+        {"no helper table", rules, "[types Weapon Range]", "[types Weapon Range]"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        QTemporaryDir dir;
+        const QString path = dir.path() + "/rules.db";
+        if (!c.bytes.isEmpty()) {
+            ASSERT_TRUE(hoardtest::writeFile(path, c.bytes));
+        }
+        if (c.dropTable) {
+            std::unique_ptr<odbc::Connection> connection(odbc::DriverManager::getConnection(path));
+            std::unique_ptr<odbc::Statement> statement(connection->createStatement());
+            statement->executeUpdate(QStringLiteral("DROP TABLE %1").arg(c.dropTable));
+        }
+        DFailureReporter::ResetReports();
+        EXPECT_FALSE(DDatabase::StartUp(FCString(path)));
+        EXPECT_EQ(DFailureReporter::GetReportCount(), 1);
+        EXPECT_EQ(DFailureReporter::GetLastCaption(), "Connect failed.");
+        EXPECT_TRUE(DFailureReporter::GetLastText().contains(c.reason))
+            << qPrintable(DFailureReporter::GetLastText());
+        EXPECT_EQ(QFile::exists(path), !c.bytes.isEmpty())
+            << "a failed connect must not create a database";
+        EXPECT_EQ(DDatabase::GetConnection(), nullptr);
+        EXPECT_EQ(DDatabase::GetSizeInfo(1), nullptr);
+        EXPECT_EQ(DDatabase::GetClassInfoA(DDatabase::kWizardClassGuid), nullptr);
+        EXPECT_EQ(DDatabase::GetRecordCount(kTableClass), 0);
+        EXPECT_TRUE(DDatabase::PickRandomGuidFromTable(kTableClass).isNull());
+        // No connection means no query and so no further report.
+        EXPECT_EQ(DFailureReporter::GetReportCount(), 1);
+        DDatabase::ShutDown();
+    }
 }
 
 TEST_F(PreloadedDatabase, EveryPreloadedMapHoldsEveryRowOfItsTable) {

@@ -27,6 +27,7 @@
 #include "DSpellLevelInfo.h"
 #include "DSpellsPerInfo.h"
 #include "DSubSkillInfo.h"
+#include "TestSupport.h"
 
 #include "Connection.h"
 #include "DriverManager.h"
@@ -585,6 +586,7 @@ TEST_F(RuleRecords, FeatureDescriptions) {
 
     DFailureReporter::SetQuiet(true);
     // The preload finds few of its tables here; only the favored enemy rows matter.
+    hoardtest::addRequiredTables(sPath);
     ASSERT_TRUE(DDatabase::StartUp(FCString(sPath)));
     DFailureReporter::ResetReports();
     const std::tuple<const DFeatureInfo*, int, const char*> cases[] = {

@@ -13,6 +13,7 @@
 #include "ResultSet.h"
 #include "SQLException.h"
 #include "Statement.h"
+#include "TestSupport.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -52,6 +53,7 @@ protected:
             db.close();
         }
         QSqlDatabase::removeDatabase(name);
+        hoardtest::addRequiredTables(mPath);
         mConnection.reset(odbc::DriverManager::getConnection(mPath));
         mStatement.reset(mConnection->createStatement());
     }

@@ -1,6 +1,13 @@
 #include "TestSupport.h"
 
+#include "DDatabase.h"
+
+#include "Connection.h"
+#include "DriverManager.h"
+
 #include <QFile>
+
+#include <memory>
 
 namespace hoardtest {
 
@@ -21,6 +28,13 @@ QByteArray readFile(const QString& path) {
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll();
+}
+
+void addRequiredTables(const QString& databasePath) {
+    std::unique_ptr<odbc::Connection> connection(odbc::DriverManager::getConnection(databasePath));
+    for (const int table : DDatabase::GetRequiredTables())
+        connection->execute(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (Id INTEGER)")
+                                .arg(DDatabase::GetTableName(table)));
 }
 
 } // namespace hoardtest

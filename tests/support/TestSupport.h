@@ -14,4 +14,8 @@ bool writeFile(const QString& path, const QByteArray& bytes);
 
 QByteArray readFile(const QString& path);
 
+// Gives a hand-made SQLite database the (empty) tables that DDatabase::StartUp requires, so
+// that a test can fill only the rows it reads.
+void addRequiredTables(const QString& databasePath);
+
 } // namespace hoardtest

@@ -294,6 +294,7 @@ TEST_F(DiceGenFrameTest, AMissingQuickButtonTableIsReportedOnce) {
         connection->execute(
             QStringLiteral("INSERT INTO [types Dice] VALUES (1, '1'), (6, 'd6'), (4, 'd4')"));
     }
+    hoardtest::addRequiredTables(path);
     ASSERT_TRUE(DDatabase::StartUp(FCString(path)));
     DFailureReporter::ResetReports();
 
