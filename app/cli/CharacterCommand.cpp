@@ -2,6 +2,7 @@
 
 #include "CharacterAbility.h"
 #include "CharacterSkills.h"
+#include "CharacterSpells.h"
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "DCharHistory.h"
@@ -70,7 +71,9 @@ QString CharacterCommand::Help() const {
         "  hoard character level-up FILE.chr --class CLASS [--json]\n"
         "  hoard character set-ability FILE.chr ABILITY VALUE [--json]\n"
         "  hoard character add-skill FILE.chr SKILL RANKS [--json]\n"
-        "  hoard character add-feat FILE.chr FEAT [--target T] [--json]\n\n"
+        "  hoard character add-feat FILE.chr FEAT [--target T] [--json]\n"
+        "  hoard character add-spell FILE.chr SPELL [--class C] [--json]\n"
+        "  hoard character prepare FILE.chr SPELL [--class C] [--count N] [--json]\n\n"
         "new       makes a character of the named race (a race file's name, as `hoard race list`\n"
         "          shows; Human when none is given) with N levels of each CLASS in the order\n"
         "          given (N is 1 when left out), and saves it to FILE.chr. Without --class it\n"
@@ -85,6 +88,9 @@ QString CharacterCommand::Help() const {
         "          points of the last class taken; a sub-skill is named \"Knowledge (Arcana)\".\n"
         "add-feat  takes FEAT, with --target naming the weapon, skill or school it is for,\n"
         "          from a class's bonus feats when it may, else from the feat points.\n"
+        "add-spell learns SPELL for the caster C (the first that learns spells when left\n"
+        "          out); a spellbook past its allowance buys it for 200 gp a spell level.\n"
+        "prepare   prepares SPELL N times (1 when left out) in today's slots of C.\n"
         "Classes are named as in the rules database, in any case.\n");
 }
 
@@ -105,6 +111,10 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return CharacterSkills::RunAddSkill(context, args);
     if (sub == "add-feat")
         return CharacterSkills::RunAddFeat(context, args);
+    if (sub == "add-spell")
+        return CharacterSpells::RunAddSpell(context, args);
+    if (sub == "prepare")
+        return CharacterSpells::RunPrepare(context, args);
     return CliContext::Fail(
         QStringLiteral("unknown character command '%1' (try: new, show, level-up)").arg(sub));
 }
@@ -411,6 +421,7 @@ QJsonObject CharacterCommand::Describe(const DCharacter& character) {
     };
     addCombatBlock(character, description);
     CharacterSkills::Describe(character, description);
+    CharacterSpells::Describe(character, description);
     return description;
 }
 
@@ -453,5 +464,6 @@ void CharacterCommand::PrintCharacter(const DCharacter& character, const QString
     CliContext::PrintLine(QStringLiteral("History:    %1").arg(history.join(", ")));
     printCombatBlock(description);
     CharacterSkills::Print(character);
+    CharacterSpells::Print(description);
     CliContext::PrintLine(QStringLiteral("File:       %1").arg(file));
 }

@@ -9,6 +9,7 @@
 #include "RaceCommand.h"
 #include "RollCommand.h"
 #include "RulesCommand.h"
+#include "SpellsCommand.h"
 #include "StatblockCommand.h"
 
 #include <QCoreApplication>
@@ -27,6 +28,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<CharacterCommand>());
     commands.push_back(std::make_unique<RaceCommand>());
     commands.push_back(std::make_unique<FeatsCommand>());
+    commands.push_back(std::make_unique<SpellsCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
     commands.push_back(std::make_unique<AbilitiesCommand>());

@@ -16,6 +16,8 @@ class DCharacter;
 class DCharacterClass;
 class DChosenFeat;
 class DChosenSkill;
+class DChosenSpell;
+class DSpellCaster;
 class DFeatInfo;
 class DSkillInfo;
 class DDieData;
@@ -224,6 +226,43 @@ public:
     static bool DoesFeatMeetClassPrereq(DCharacter* character, const QUuid& feat);
     static bool HasWeaponTargetFeatInFamily(DCharacter* character, const QUuid& feat, int family);
     static bool HasFeatTargetingAnyKnowledge(DCharacter* character, const QUuid& feat);
+
+    // --- Spells -------------------------------------------------------------------------------
+    // Bonus spells of a spell level for a casting score; negative when the score is too low.
+    static int GetBonusSpells(int spellLevel, int score);
+    // -1 for a class that does not cast; 0 below the class's first casting level.
+    static int GetSpellCasterLevel(const DSpellCaster* caster);
+    static unsigned GetCasterFlags(const QUuid& classGuid);
+    // Caster flags, caster level (statistic 45), spells per day and spells can know.
+    static void ComputeAndSetSpellData(DCharacter* character);
+    static void ComputeAndSetSpellCasterLevel(DCharacter* character);
+    static void ComputeAndSetSpellsPerDay(DCharacter* character);
+    static void ComputeAndSetSpellsPerDayForCaster(DCharacter* character, DSpellCaster* caster,
+                                                   bool isClass);
+    static void ComputeAndSetSpellsCanKnow(DCharacter* character);
+    static void ComputeAndSetSpellsCanKnowForCaster(DCharacter* character, DSpellCaster* caster,
+                                                    bool isClass);
+    // The highest spell level with a slot in the class's table at that level; -1 for none.
+    static int ComputeMaxSpellLevelCanCast(const QUuid& classGuid, int classLevel);
+    static int GetMaxSpellLevelBasedOnPerDay(const DSpellCaster* caster);
+    static int ComputeBuySpellGoldCost(int spellLevel);
+    // The character's known-spell set takes `spell` (retained) and its price is paid.
+    static void AddSpellKnown(DCharacter* character, DChosenSpell* spell);
+    static void RemoveSpellKnown(DCharacter* character, DChosenSpell* spell);
+    static void RemoveSpellCostKnown(DCharacter* character, DChosenSpell* spell);
+    static void RemoveAllSpellsKnown(DCharacter* character);
+    static void RemoveSpellIfPrepared(DCharacter* character, DChosenSpell* spell);
+    // One more preparation of the spell: a new record, or the like one counted up.
+    static DChosenSpell* AddSpellPrepared(DCharacter* character, const QUuid& spell,
+                                          const QUuid& classGuid, int level, unsigned flags);
+    static void RemoveSpellPrepared(DCharacter* character, DChosenSpell* spell);
+    static void RemoveSpellCostPrepared(DCharacter* character, DChosenSpell* spell);
+    static void RemoveAllSpellsPrepared(DCharacter* character);
+    // "3", or "3+1" with the domain or school slot.
+    static QString BuildSpellsPerDayString(const DSpellCaster* caster, int level);
+    static QString BuildRemainingSpellsPerDayString(const DSpellCaster* caster, int level);
+    static QString BuildSpellsCanKnowString(const DSpellCaster* caster, int level);
+    static QString BuildRemainingSpellsCanKnowString(const DSpellCaster* caster, int level);
 
     // --- Character setup and level-up ---------------------------------------------------------
     // Binds the race that `raceFile` names and makes history entry 0 the race's entry. Nothing

@@ -42,8 +42,8 @@ void HandleSpellAbilityChange(DCharacter* character) {
     if (!character->HasCharacterFlag(kCharFlagAbilityCaster))
         return;
     character->AddChangeFlag(kChangeSpellsPerDay);
-    // Spells per day and spells known (ComputeAndSetSpellsPerDay, ComputeAndSetSpellsCanKnow)
-    // follow the casting ability once the spell work lands.
+    DHandBook::ComputeAndSetSpellsPerDay(character);
+    DHandBook::ComputeAndSetSpellsCanKnow(character);
 }
 
 // "Earned: STR: +1 (4th), +1 (8th).<br>" for the slots that `raw` reads.

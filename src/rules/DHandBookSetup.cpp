@@ -28,10 +28,7 @@ void AdvanceCharacter(DCharacter*) {
     // Size effects of stored extra hit dice (AdvanceCharacter) come with monster advancement.
 }
 
-void ComputeAndSetSpellData(DCharacter*) {
-    // Caster flags, caster level, spells per day and known (ComputeAndSetSpellData) come with
-    // the spell work.
-}
+// ComputeAndSetSpellData is DHandBook's own (DHandBookSpells.cpp): the passes call it directly.
 
 void ComputeAndSetCharacterEncumberance(DCharacter* character) {
     // Load, speed and armor statistics (ComputeAndSetCharacterEncumberance) come with the
@@ -197,8 +194,10 @@ void DHandBook::UpdateWithRaceSpellCasters(DCharacter* character) {
             caster->Release();
         }
         caster->SetLevel(float(casting->GetCasterLevel()));
-        // The caster's low three flag bits (GetCasterFlags, GetSpellCasterLevel) come with the
-        // spell work.
+        caster->RemoveCasterFlag(DSpellCaster::kCasterCasts | DSpellCaster::kCasterKnowsList |
+                                 DSpellCaster::kCasterPrepares);
+        if (GetSpellCasterLevel(caster) >= 0)
+            caster->AddCasterFlag(GetCasterFlags(caster->GetClassGuid()));
     }
 }
 
