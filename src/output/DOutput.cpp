@@ -14,6 +14,7 @@
 #include <QSaveFile>
 #include <QTemporaryFile>
 #include <QTextDocument>
+#include <QTextStream>
 
 QString DOutput::WorkingFolder(const QString& kind) {
     const QString folder = DOptions::GetTempPath() + "/xml/" + kind;
@@ -77,6 +78,25 @@ bool DOutput::BuildStatBlock(DCharacter* character, QString& text, QString& erro
     text = QString::fromUtf8(result);
     return WriteWorkingFile(
         result, WorkingFolder(DCharacterXml::KindWord(character)) + "/block.txt", error);
+}
+
+bool DOutput::BuildRollStatBlock(const QList<DRollXml::RollList>& lists, QString& error) {
+    const QString kind = QStringLiteral("Roll");
+    const QString style = FindStyleSheet(kind, QString::fromLatin1(kStatBlockStyle));
+    if (style.isEmpty()) {
+        error = QStringLiteral("no style sheet '%1' for the kind Roll").arg(kStatBlockStyle);
+        return false;
+    }
+    QByteArray document;
+    {
+        QTextStream out(&document);
+        DRollXml::Write(lists, out, QFileInfo(style).fileName());
+    }
+    const QString folder = WorkingFolder(kind);
+    QByteArray result;
+    return WriteWorkingFile(document, folder + "/tmp.xml", error) &&
+           Transformer().Apply(document, folder + "/tmp.xml", style, result, error) &&
+           WriteWorkingFile(result, folder + "/block.txt", error);
 }
 
 QString DOutput::ToHtml(const QByteArray& result, const QString& outputMethod) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DRollXml.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -34,6 +36,8 @@ public:
                        QString& error);
     // Render with "Stat Block.xsl" whose result also goes to the working "block.txt".
     static bool BuildStatBlock(DCharacter* character, QString& text, QString& error);
+    // The dice window's rolls through the Roll kind's stat block into its "block.txt".
+    static bool BuildRollStatBlock(const QList<DRollXml::RollList>& lists, QString& error);
 
     // HTML that QTextDocument shows as the sheet meant it: a text result goes in <pre>.
     static QString ToHtml(const QByteArray& result, const QString& outputMethod);

@@ -3,6 +3,7 @@
 #include "Connection.h"
 #include "DDatabase.h"
 #include "DFailureReporter.h"
+#include "DOptions.h"
 #include "DriverManager.h"
 #include "FCRandom.h"
 #include "TestSupport.h"
@@ -10,10 +11,13 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QImage>
 #include <QPixmap>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTreeWidget>
 
@@ -330,4 +334,44 @@ TEST_F(DiceGenFrameTest, PaintsTheRollList) {
     if (!shot.isEmpty()) {
         EXPECT_TRUE(image.save(shot));
     }
+}
+
+// The stat block tab runs the list through the Roll style sheet; without a sheet it keeps what
+// it showed and nothing breaks.
+TEST_F(DiceGenFrameTest, StatBlockTabShowsEachExpressionWithItsRollsAndTotal) {
+    QTemporaryDir user;
+    const FCString appPath = DOptions::mAppPath;
+    const FCString userPath = DOptions::GetUserDataPath();
+    DOptions::mAppPath = FCString(hoardtest::builtDataDir());
+    DOptions::SetUserDataPath(FCString(user.path()));
+
+    DiceGenFrame frame;
+    part<QCheckBox>(frame, "mAppend")->setChecked(true);
+    frame.DieRoll(2, 6, 1, 3);
+    frame.DieRoll(1, 20, 0, 1);
+    auto* tabs = part<QTabWidget>(frame, "mTabs");
+    auto* block = part<QPlainTextEdit>(frame, "mStatBlock");
+    tabs->setCurrentIndex(1);
+
+    const std::vector<RollItem> items = rollList(frame);
+    ASSERT_EQ(items.size(), 2u);
+    int total = 0;
+    for (const QString& result : items[0].results)
+        total += result.toInt();
+    const QString expected = QStringLiteral("2d6+1: %1 (total %2)\n1d20: %3")
+                                 .arg(items[0].results.join(", "))
+                                 .arg(total)
+                                 .arg(items[1].results.first());
+    EXPECT_EQ(block->toPlainText(), expected);
+    EXPECT_TRUE(QFile::exists(DOptions::GetTempPath() + "/xml/Roll/block.txt"));
+
+    QTemporaryDir empty;
+    DOptions::mAppPath = FCString(empty.path());
+    tabs->setCurrentIndex(0);
+    frame.DieRoll(1, 4, 0, 1);
+    tabs->setCurrentIndex(1);
+    EXPECT_EQ(block->toPlainText(), expected);
+
+    DOptions::mAppPath = appPath;
+    DOptions::SetUserDataPath(userPath);
 }

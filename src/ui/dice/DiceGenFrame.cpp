@@ -4,13 +4,17 @@
 #include "DDatabase.h"
 #include "DDieRoller.h"
 #include "DFailureReporter.h"
+#include "DOutput.h"
 #include "ResultSet.h"
 #include "Statement.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QTreeWidget>
 
 #include <exception>
@@ -35,7 +39,37 @@ DiceGenFrame::DiceGenFrame(QWidget* parent) : DiceGenFrameBase(parent) {
     for (int id = 1; id <= kQuickButtonCount; ++id)
         connect(mQuickButtons[size_t(id)], &QPushButton::clicked, this,
                 [this, id] { slotQuickButton(id); });
+    connect(mTabs, &QTabWidget::currentChanged, this, &DiceGenFrame::slotTabSelected);
     slotDieCombo(mDie->currentIndex());
+}
+
+void DiceGenFrame::slotTabSelected(int index) {
+    if (index != 0)
+        UpdateStatblock();
+}
+
+void DiceGenFrame::UpdateStatblock() {
+    QList<DRollXml::RollList> lists;
+    for (int i = 0; i < mRollList->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem* top = mRollList->topLevelItem(i);
+        DRollXml::RollList list{top->text(0), {}};
+        for (int c = 0; c < top->childCount(); ++c)
+            list.rolls << top->child(c)->text(0);
+        lists << list;
+    }
+    const QString block = DOutput::WorkingFolder(QStringLiteral("Roll")) + "/block.txt";
+    QFile::remove(block);
+    QString error;
+    DOutput::BuildRollStatBlock(lists, error);
+    QFile file(block);
+    // Without a block the tab keeps what it showed.
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    // Read as the block was always shown: pieces of at most 128 characters, one a line.
+    QStringList lines;
+    while (!file.atEnd())
+        lines << QString::fromUtf8(file.readLine(129)).remove('\n').remove('\t');
+    mStatBlock->setPlainText(lines.join('\n').trimmed());
 }
 
 QString DiceGenFrame::BuildQuickCaption(int id, int count, int die, int modifier) {

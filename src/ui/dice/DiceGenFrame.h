@@ -29,6 +29,12 @@ public slots:
     void slotRoll();
     void slotQuickButton(int id);
     void slotDieCombo(int index);
+    // Any tab but the roll list shows the list as a stat block, made afresh.
+    void slotTabSelected(int index);
+
+public:
+    // Writes the list through the Roll stat block and shows "block.txt" in its tab.
+    void UpdateStatblock();
 
 private:
     void FillDieCombo();

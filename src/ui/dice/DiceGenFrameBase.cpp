@@ -6,8 +6,10 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -59,16 +61,24 @@ DiceGenFrameBase::DiceGenFrameBase(QWidget* parent) : QWidget(parent) {
 
     mAppend = new QCheckBox(tr("&Append"), this);
     mAppend->setObjectName(QStringLiteral("mAppend"));
-    mRollList = new QTreeWidget(this);
+    mTabs = new QTabWidget(this);
+    mTabs->setObjectName(QStringLiteral("mTabs"));
+    mRollList = new QTreeWidget(mTabs);
     mRollList->setObjectName(QStringLiteral("mRollList"));
     mRollList->setColumnCount(1);
     mRollList->setHeaderLabels({tr("Rolls")});
     // Children stay in the order they were rolled.
     mRollList->setSortingEnabled(false);
 
+    mStatBlock = new QPlainTextEdit(mTabs);
+    mStatBlock->setObjectName(QStringLiteral("mStatBlock"));
+    mStatBlock->setReadOnly(true);
+    mTabs->addTab(mRollList, tr("Rolls"));
+    mTabs->addTab(mStatBlock, tr("Stat Block"));
+
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(rollBox);
     layout->addWidget(quickBox);
     layout->addWidget(mAppend);
-    layout->addWidget(mRollList, 1);
+    layout->addWidget(mTabs, 1);
 }

@@ -6,8 +6,10 @@
 
 class QCheckBox;
 class QComboBox;
+class QPlainTextEdit;
 class QPushButton;
 class QSpinBox;
+class QTabWidget;
 class QTreeWidget;
 
 // The form of the die roller: widgets and layout only, no behaviour. Each widget's object name
@@ -31,6 +33,9 @@ protected:
     QPushButton* mRollButton = nullptr;
     QCheckBox* mAppend = nullptr;
     QTreeWidget* mRollList = nullptr;
+    // Tab 0 holds the roll list, tab 1 the list as a stat block.
+    QTabWidget* mTabs = nullptr;
+    QPlainTextEdit* mStatBlock = nullptr;
     // By quick-button id 1 to 9; slot 0 stays empty so ids index directly.
     std::array<QPushButton*, kQuickButtonCount + 1> mQuickButtons{};
 };
