@@ -363,6 +363,10 @@ TEST_F(DiceGenFrameTest, StatBlockTabShowsEachExpressionWithItsRollsAndTotal) {
                                  .arg(total)
                                  .arg(items[1].results.first());
     EXPECT_EQ(block->toPlainText(), expected);
+    if (qEnvironmentVariableIsSet("HOARD_SNAPSHOT_DIR")) {
+        frame.resize(480, 520);
+        frame.grab().save(qEnvironmentVariable("HOARD_SNAPSHOT_DIR") + "/dice-stat-block.png");
+    }
     EXPECT_TRUE(QFile::exists(DOptions::GetTempPath() + "/xml/Roll/block.txt"));
 
     QTemporaryDir empty;
