@@ -1,0 +1,65 @@
+#include "FuzzTargets.h"
+
+#include "DCharacter.h"
+#include "DRace.h"
+#include "FCArchive.h"
+#include "FCObject.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+
+namespace hoardfuzz {
+namespace {
+
+// One scratch file per process and suffix: the file readers take a path, not bytes.
+QString scratchFile(const char* suffix) {
+    return QDir::tempPath() +
+           QStringLiteral("/hoard-fuzz-%1.%2").arg(QCoreApplication::applicationPid()).arg(suffix);
+}
+
+bool writeScratch(const QString& path, const uint8_t* data, size_t size) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+           file.write(reinterpret_cast<const char*>(data), qint64(size)) == qint64(size);
+}
+
+template <typename Object> void release(Object* object) {
+    if (object)
+        object->Release();
+}
+
+} // namespace
+
+int FuzzArchive(const uint8_t* data, size_t size) {
+    const QByteArray bytes =
+        QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
+    QDataStream stream(bytes);
+    FCArchive archive(&stream, FCArchive::Load);
+    release(archive.ReadObject());
+    return 0;
+}
+
+int FuzzRaceFile(const uint8_t* data, size_t size) {
+    const QString path = scratchFile("rac");
+    if (!writeScratch(path, data, size))
+        return 0;
+    release(DRace::CreateFromFile(FCString(path), true));
+    release(DRace::CreateFromFile(FCString(path), false));
+    QFile::remove(path);
+    return 0;
+}
+
+int FuzzCharacterFile(const uint8_t* data, size_t size) {
+    const QString path = scratchFile("chr");
+    if (!writeScratch(path, data, size))
+        return 0;
+    release(DCharacter::CreateFromFile(FCString(path), true, nullptr));
+    release(DCharacter::CreateFromFile(FCString(path), false, nullptr));
+    QFile::remove(path);
+    return 0;
+}
+
+} // namespace hoardfuzz

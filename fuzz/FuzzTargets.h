@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+// Readers of outside bytes, each as a fuzz entry: the bytes are handed to the reader exactly
+// as a file on disk would be. Each returns 0 (libFuzzer's "keep going").
+namespace hoardfuzz {
+
+int FuzzArchive(const uint8_t* data, size_t size);
+int FuzzRaceFile(const uint8_t* data, size_t size);
+int FuzzCharacterFile(const uint8_t* data, size_t size);
+
+} // namespace hoardfuzz

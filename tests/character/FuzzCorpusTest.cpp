@@ -1,0 +1,62 @@
+// Replays the fuzz entries over their seed corpora and over cut and bit-flipped copies, so a
+// reader fault that a fuzz run once found stays found in every build (the sanitizer build
+// turns a bad read into a failure).
+#include "FuzzTargets.h"
+
+#include "DCharacter.h"
+#include "DRace.h"
+#include "TestSupport.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+using Entry = int (*)(const uint8_t*, size_t);
+
+// The bytes themselves, every 7th cut, and flipped bits at fixed seeded places.
+void replay(Entry entry, const QByteArray& bytes) {
+    const auto run = [entry](const QByteArray& b) {
+        EXPECT_EQ(entry(reinterpret_cast<const uint8_t*>(b.constData()), size_t(b.size())), 0);
+    };
+    run(bytes);
+    for (qsizetype cut = 0; cut < bytes.size(); cut += 7)
+        run(bytes.left(cut));
+    std::mt19937 flips(uint32_t(bytes.size()));
+    for (int i = 0; i < 64 && !bytes.isEmpty(); ++i) {
+        QByteArray damaged = bytes;
+        const auto at = qsizetype(flips() % uint32_t(bytes.size()));
+        damaged[at] = char(damaged[at] ^ char(1 << (flips() % 8)));
+        run(damaged);
+    }
+}
+
+} // namespace
+
+TEST(FuzzCorpus, ReadersSurviveTheSeedsAndTheirDamagedCopies) {
+    const QDir races(hoardtest::builtDataDir() + "/Core/Races");
+    const QStringList files = races.entryList({"*.rac"}, QDir::Files, QDir::Name);
+    ASSERT_GT(files.size(), 100);
+    // Every tenth shipped race keeps the run short; the fuzz programs use all of them.
+    for (qsizetype i = 0; i < files.size(); i += 10) {
+        const QString path = races.filePath(files[i]);
+        SCOPED_TRACE(path.toStdString());
+        DRace* race = DRace::CreateFromFile(FCString(path), false);
+        ASSERT_NE(race, nullptr) << "a seed must itself be readable";
+        race->Release();
+        const QByteArray bytes = hoardtest::readFile(path);
+        replay(hoardfuzz::FuzzRaceFile, bytes);
+        replay(hoardfuzz::FuzzArchive, bytes.mid(12)); // the object after the file header
+    }
+
+    QTemporaryDir dir;
+    const QString saved = dir.path() + "/seed.chr";
+    DCharacter character;
+    character.SetCharacterName(FCString("Seed"));
+    ASSERT_TRUE(character.SaveToFile(FCString(saved)));
+    replay(hoardfuzz::FuzzCharacterFile, hoardtest::readFile(saved));
+}
