@@ -46,6 +46,30 @@ QString levelText(float level) {
 
 } // namespace
 
+DCharacter* CharacterCommand::LoadFileArgument(CliContext& context, const QString& file,
+                                               QString& path) {
+    path = QFileInfo(file).absoluteFilePath();
+    if (!QFileInfo(path).isFile()) {
+        CliContext::Fail(QStringLiteral("no such file: %1").arg(file));
+        return nullptr;
+    }
+    if (!context.StartLibrary())
+        return nullptr;
+    QString error;
+    DCharacter* character = LoadCharacter(path, error);
+    if (!character)
+        CliContext::Fail(error);
+    return character;
+}
+
+int CharacterCommand::SaveAndShow(CliContext& context, DCharacter& character, const QString& path) {
+    if (!character.SaveToFile(FCString(path)))
+        return CliContext::Fail(QStringLiteral("cannot write %1").arg(path));
+    DObjectManager::HandleCharacterSave(FCString(path));
+    PrintCharacter(character, path, context.WantsJson());
+    return 0;
+}
+
 DCharacter* CharacterCommand::LoadCharacter(const QString& path, QString& error) {
     DCharacter* character = DCharacter::CreateFromFile(FCString(path), false, nullptr);
     if (!character) {

@@ -21,6 +21,11 @@ public:
     // Reads a character file and brings in what was added to its race since it was saved. Null
     // with `error` set when it cannot.
     static DCharacter* LoadCharacter(const QString& path, QString& error);
+    // A character file named on the command line, loaded with the library started; null after
+    // a message. `path` gets the absolute path.
+    static DCharacter* LoadFileArgument(CliContext& context, const QString& file, QString& path);
+    // Saves a changed character where it came from and prints it; the exit status.
+    static int SaveAndShow(CliContext& context, DCharacter& character, const QString& path);
     static QJsonObject Describe(const DCharacter& character);
     static void PrintCharacter(const DCharacter& character, const QString& file, bool json);
 

@@ -14,13 +14,11 @@
 #include "DGuid.h"
 #include "DHandBook.h"
 #include "DItemInfo.h"
-#include "DObjectManager.h"
 #include "DRulesQuery.h"
 #include "DSchoolInfo.h"
 #include "DSkillInfo.h"
 #include "ResultSet.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -57,31 +55,6 @@ bool takeOption(QStringList& args, const QString& name, QString& value) {
 QString className(const QUuid& guid) {
     const DClassInfo* info = DDatabase::GetClassInfoA(guid);
     return info ? QString(info->mName) : QStringLiteral("the race");
-}
-
-// A character file named on the command line, loaded; null after a message.
-DCharacter* loadFile(CliContext& context, const QString& file, QString& path, int& status) {
-    status = 1;
-    path = QFileInfo(file).absoluteFilePath();
-    if (!QFileInfo(path).isFile()) {
-        CliContext::Fail(QStringLiteral("no such file: %1").arg(file));
-        return nullptr;
-    }
-    if (!context.StartLibrary())
-        return nullptr;
-    QString error;
-    DCharacter* character = CharacterCommand::LoadCharacter(path, error);
-    if (!character)
-        CliContext::Fail(error);
-    return character;
-}
-
-int saveAndShow(CliContext& context, DCharacter& character, const QString& path) {
-    if (!character.SaveToFile(FCString(path)))
-        return CliContext::Fail(QStringLiteral("cannot write %1").arg(path));
-    DObjectManager::HandleCharacterSave(FCString(path));
-    CharacterCommand::PrintCharacter(character, path, context.WantsJson());
-    return 0;
 }
 
 // The class that pays for what is bought now: the class of the last level taken.
@@ -325,10 +298,10 @@ int CharacterSkills::RunAddSkill(CliContext& context, QStringList args) {
             QStringLiteral("RANKS takes a number of whole or half ranks above 0, not '%1'")
                 .arg(args[2]));
     QString path;
-    int status = 0;
-    std::unique_ptr<DCharacter, Releaser> character(loadFile(context, args[0], path, status));
+    std::unique_ptr<DCharacter, Releaser> character(
+        CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
-        return status;
+        return 1;
     SkillName skill;
     if (!FindSkill(args[1], skill))
         return CliContext::Fail(
@@ -366,7 +339,7 @@ int CharacterSkills::RunAddSkill(CliContext& context, QStringList args) {
     // AddSkill passes on the synergies of the skill bought; a skill new to the character may
     // also be the target of one whose source it already has, which the full pass gives it.
     DHandBook::ComputeAndSetSkillSkillMods(character.get(), false, QUuid(), QUuid(), 0.0f, 0.0f);
-    return saveAndShow(context, *character, path);
+    return CharacterCommand::SaveAndShow(context, *character, path);
 }
 
 int CharacterSkills::RunAddFeat(CliContext& context, QStringList args) {
@@ -376,10 +349,10 @@ int CharacterSkills::RunAddFeat(CliContext& context, QStringList args) {
     if (args.size() != 2)
         return CliContext::Fail(QStringLiteral("give FILE.chr FEAT (see --help)"));
     QString path;
-    int status = 0;
-    std::unique_ptr<DCharacter, Releaser> character(loadFile(context, args[0], path, status));
+    std::unique_ptr<DCharacter, Releaser> character(
+        CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
-        return status;
+        return 1;
     const QUuid feat = FindFeat(args[1]);
     const DFeatInfo* info = DDatabase::GetFeatInfo(feat);
     if (!info)
@@ -408,7 +381,7 @@ int CharacterSkills::RunAddFeat(CliContext& context, QStringList args) {
         chosen->SetClassGuid(payer->GetClassGuid());
     }
     DHandBook::AddFeat(character.get(), true, chosen.get());
-    return saveAndShow(context, *character, path);
+    return CharacterCommand::SaveAndShow(context, *character, path);
 }
 
 void CharacterSkills::Describe(const DCharacter& character, QJsonObject& description) {

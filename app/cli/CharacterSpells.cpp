@@ -9,13 +9,11 @@
 #include "DClassInfo.h"
 #include "DDatabase.h"
 #include "DHandBook.h"
-#include "DObjectManager.h"
 #include "DRuleGuids.h"
 #include "DRulesQuery.h"
 #include "DSpellCaster.h"
 #include "ResultSet.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -134,30 +132,6 @@ bool knows(DCharacter& character, const Caster& caster, const QUuid& spell) {
     return false;
 }
 
-DCharacter* loadFile(CliContext& context, const QString& file, QString& path, int& status) {
-    status = 1;
-    path = QFileInfo(file).absoluteFilePath();
-    if (!QFileInfo(path).isFile()) {
-        CliContext::Fail(QStringLiteral("no such file: %1").arg(file));
-        return nullptr;
-    }
-    if (!context.StartLibrary())
-        return nullptr;
-    QString error;
-    DCharacter* character = CharacterCommand::LoadCharacter(path, error);
-    if (!character)
-        CliContext::Fail(error);
-    return character;
-}
-
-int saveAndShow(CliContext& context, DCharacter& character, const QString& path) {
-    if (!character.SaveToFile(FCString(path)))
-        return CliContext::Fail(QStringLiteral("cannot write %1").arg(path));
-    DObjectManager::HandleCharacterSave(FCString(path));
-    CharacterCommand::PrintCharacter(character, path, context.WantsJson());
-    return 0;
-}
-
 QJsonArray levelArray(const DSpellCaster& caster, int (DSpellCaster::*get)(int) const) {
     QJsonArray values;
     for (int n = 0; n < kLevels; ++n)
@@ -260,10 +234,10 @@ int CharacterSpells::RunAddSpell(CliContext& context, QStringList args) {
     if (args.size() != 2)
         return CliContext::Fail(QStringLiteral("give FILE.chr SPELL (see --help)"));
     QString path, error;
-    int status = 0;
-    std::unique_ptr<DCharacter, Releaser> character(loadFile(context, args[0], path, status));
+    std::unique_ptr<DCharacter, Releaser> character(
+        CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
-        return status;
+        return 1;
     Caster caster;
     Spell spell;
     if (!findCaster(*character, classText, DSpellCaster::kCasterKnowsList, caster, error) ||
@@ -288,7 +262,7 @@ int CharacterSpells::RunAddSpell(CliContext& context, QStringList args) {
     if (caster.isRace)
         chosen->AddSpellFlag(DChosenSpell::kSpellRaceCaster);
     DHandBook::AddSpellKnown(character.get(), chosen.get());
-    return saveAndShow(context, *character, path);
+    return CharacterCommand::SaveAndShow(context, *character, path);
 }
 
 int CharacterSpells::RunPrepare(CliContext& context, QStringList args) {
@@ -303,10 +277,10 @@ int CharacterSpells::RunPrepare(CliContext& context, QStringList args) {
     if (args.size() != 2)
         return CliContext::Fail(QStringLiteral("give FILE.chr SPELL (see --help)"));
     QString path, error;
-    int status = 0;
-    std::unique_ptr<DCharacter, Releaser> character(loadFile(context, args[0], path, status));
+    std::unique_ptr<DCharacter, Releaser> character(
+        CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
-        return status;
+        return 1;
     Caster caster;
     Spell spell;
     if (!findCaster(*character, classText, DSpellCaster::kCasterPrepares, caster, error) ||
@@ -328,7 +302,7 @@ int CharacterSpells::RunPrepare(CliContext& context, QStringList args) {
     for (int i = 0; i < count; ++i)
         DHandBook::AddSpellPrepared(character.get(), spell.guid, caster.record->GetClassGuid(),
                                     spell.level, flags);
-    return saveAndShow(context, *character, path);
+    return CharacterCommand::SaveAndShow(context, *character, path);
 }
 
 void CharacterSpells::Describe(const DCharacter& character, QJsonObject& description) {
