@@ -1,5 +1,6 @@
 // The object catalogues: the start-up scan over the shipped races and over a large user tree,
 // and reading every ready race once.
+#include "BenchSupport.h"
 #include "DFileObject.h"
 #include "DObjectManager.h"
 #include "DOptions.h"
@@ -15,6 +16,9 @@
 
 #include <sys/wait.h>
 #include <unistd.h>
+
+using hoardbench::classGuid;
+using hoardbench::dataDir;
 
 namespace {
 

@@ -1,5 +1,6 @@
 // CharacterSetup replaying a class history from nothing: the pass behind every new character
 // and every generated one.
+#include "BenchSupport.h"
 #include "DCharHistory.h"
 #include "DCharacter.h"
 #include "DCharacterClass.h"
@@ -17,20 +18,10 @@
 
 #include <cstdlib>
 
+using hoardbench::classGuid;
+using hoardbench::dataDir;
+
 namespace {
-
-QString dataDir() {
-    const char* fromEnvironment = std::getenv("HOARD_DATA");
-    return fromEnvironment ? fromEnvironment : HOARD_DATA_BUILD_DIR;
-}
-
-QUuid classGuid(const QString& name) {
-    for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
-        if (static_cast<const DClassInfo*>(info)->mName == name)
-            return guid;
-    }
-    return QUuid();
-}
 
 // The rules database and a human race in a scratch user folder, for the whole program.
 struct Workspace {

@@ -1,5 +1,6 @@
 // The setup replay of a level-20 full caster: every spell level open, a school slot and a
 // spellbook allowance to work out on top of the rest of the pass.
+#include "BenchSupport.h"
 #include "DCharHistory.h"
 #include "DCharacter.h"
 #include "DCharacterClass.h"
@@ -18,20 +19,10 @@
 
 #include <cstdlib>
 
+using hoardbench::classGuid;
+using hoardbench::dataDir;
+
 namespace {
-
-QString dataDir() {
-    const char* fromEnvironment = std::getenv("HOARD_DATA");
-    return fromEnvironment ? fromEnvironment : HOARD_DATA_BUILD_DIR;
-}
-
-QUuid classGuid(const QString& name) {
-    for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
-        if (static_cast<const DClassInfo*>(info)->mName == name)
-            return guid;
-    }
-    return QUuid();
-}
 
 // The rules database and a race with Int 20 in a scratch user folder.
 struct Workspace {

@@ -1,4 +1,5 @@
 // The text stat block of a loaded level-10 character: document, style sheet, working files.
+#include "BenchSupport.h"
 #include "DCharacter.h"
 #include "DCharacterXml.h"
 #include "DChosenFeat.h"
@@ -18,12 +19,10 @@
 
 #include <cstdlib>
 
-namespace {
+using hoardbench::classGuid;
+using hoardbench::dataDir;
 
-QString dataDir() {
-    const char* fromEnvironment = std::getenv("HOARD_DATA");
-    return fromEnvironment ? fromEnvironment : HOARD_DATA_BUILD_DIR;
-}
+namespace {
 
 template <typename Map, typename Name>
 QUuid findGuid(const Map& map, const QString& wanted, Name name) {
