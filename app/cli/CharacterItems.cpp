@@ -84,36 +84,7 @@ int fittedSize(const DCharacter& character, const DItemInfo* info) {
 }
 
 QString itemName(const DItem& item) {
-    const DItemInfo* info = item.GetItemInfo();
-    if (!info)
-        return QStringLiteral("(nothing)");
-    QString name;
-    if (const auto* custom = FCDynamicCast<DCustomMagicItemInfo>(info)) {
-        const DItemInfo* base = custom->GetBaseItemInfo();
-        name = QStringLiteral("%1%2 %3")
-                   .arg(custom->GetBonus() < 0 ? QString() : QStringLiteral("+"))
-                   .arg(custom->GetBonus())
-                   .arg(base ? QString(base->GetItemName()) : QString());
-        QStringList abilities;
-        const int table =
-            item.GetBaseItemType() == kItemWeapon ? kTableWeaponAbilities : kTableArmorAbilities;
-        for (int i = 0; i < custom->GetSpecialAbilityCount(); ++i) {
-            DDatabase::FirstRow(
-                QString::asprintf("SELECT Name FROM %s WHERE (Id=%d)",
-                                  DRulesQuery::Table(table).constData(),
-                                  custom->GetSpecialAbility(i)->GetType()),
-                [&abilities](odbc::ResultSet* row) { abilities << row->getString(1).toLower(); });
-        }
-        if (!abilities.isEmpty())
-            name = QStringLiteral("%1 %2").arg(name, abilities.join(QLatin1Char(' ')));
-    } else {
-        name = info->GetItemName();
-        if (item.HasItemFlag(DItem::kItemFlagMasterwork) && !item.GetIsMagicItem())
-            name = QStringLiteral("Masterwork %1").arg(name.toLower());
-    }
-    if (item.GetCount() > 1)
-        name += QStringLiteral(" (%1)").arg(item.GetCount());
-    return name;
+    return item.GetItemPrintDescription(true);
 }
 
 bool isBuiltIn(const DItem& item) {
@@ -446,88 +417,12 @@ bool checkMagicRequest(const AddRequest& request, QString& error) {
     return true;
 }
 
-QJsonObject describeAttack(DCharacter& character, const DOffenseItem& offense) {
-    DOffenseBonusValues values;
-    const int total = DHandBook::GetOffenseBonus(&character, offense, values, false);
-    const int base = character.GetCharacterStat(kStatBaseAttack);
+QJsonObject describeAttack(const DOffenseLine& line) {
     QJsonArray bonuses;
-    QString name;
-    QString critical;
-    QString range = QStringLiteral("-");
-    if (offense.GetOffenseType() == DOffenseItem::kOffenseWeapon) {
-        const DChosenItem* item = character.GetItem(offense.GetOffenseId());
-        const auto* weapon = item ? FCDynamicCast<DWeaponInfo>(item->GetBaseItemInfo()) : nullptr;
-        name = item ? itemName(*item) : QString();
-        // The off hand strikes once; the weapon in the main hand, or held alone, strikes as
-        // often as the base attack allows.
-        const bool offHand = offense.HasOffenseFlag(DOffenseItem::kOffenseMultiple) &&
-                             !offense.HasOffenseFlag(DOffenseItem::kOffenseMainHand);
-        for (const int bonus :
-             offHand ? QList<int>{total} : DHandBook::BuildIterativeBonuses(total, base, false))
-            bonuses.append(bonus);
-        if (offense.HasOffenseFlag(DOffenseItem::kOffenseDouble))
-            bonuses.append(DHandBook::GetOffenseBonus(&character, offense, values, true));
-        if (weapon) {
-            critical = DHandBook::BuildWeaponCriticalString(
-                &character, weapon->GetItemGuid(), weapon->GetCriticalValues(),
-                offense.HasOffenseFlag(DOffenseItem::kOffenseDouble));
-            if (weapon->GetRangeType() != 0)
-                range = DHandBook::BuildWeaponRangeString(&character, weapon->GetRangeIncrement());
-        }
-    } else if (const DAttackInfo* attack = character.GetAttack(offense.GetOffenseId())) {
-        name = attack->GetAttackDescription();
-        bonuses.append(total);
-        if (attack->GetRangeType() != 0)
-            range = attack->GetAttackRangeDescription();
-    }
-    return QJsonObject{{"name", name},
-                       {"bonus", bonuses},
-                       {"damage", DHandBook::BuildOffenseDamageString(&character, offense)},
-                       {"critical", critical},
-                       {"range", range}};
-}
-
-QJsonArray describeAttacks(DCharacter& character) {
-    QJsonArray attacks;
-    for (const DOffenseGroup* group : character.GetOffenseGroupArray()) {
-        for (const DOffenseItem& offense : group->GetOffenseItemArray())
-            attacks.append(describeAttack(character, offense));
-    }
-    if (!attacks.isEmpty())
-        return attacks;
-    // Nothing wielded and no natural weapons: the character fights with its fists.
-    for (const auto& [id, item] : character.GetItemMap()) {
-        if (isBuiltIn(*item)) {
-            const DOffenseItem fists(DOffenseItem::kOffenseWeapon, id,
-                                     DOffenseItem::kOffenseOneHand |
-                                         DOffenseItem::kOffenseMainHand |
-                                         DOffenseItem::kOffenseLight);
-            attacks.append(describeAttack(character, fists));
-            break;
-        }
-    }
-    return attacks;
-}
-
-QString attackLine(const QJsonObject& attack) {
-    QStringList bonuses;
-    for (const QJsonValue bonus : attack["bonus"].toArray())
-        bonuses << (bonus.toInt() < 0 ? QString::number(bonus.toInt())
-                                      : QStringLiteral("+%1").arg(bonus.toInt()));
-    // A stat block leaves out the common x2 multiplier.
-    QString critical = attack["critical"].toString();
-    if (critical == QLatin1String("x2"))
-        critical.clear();
-    else if (critical.endsWith(QLatin1String("/x2")))
-        critical.chop(3);
-    QString damage = attack["damage"].toString();
-    if (!critical.isEmpty())
-        damage += QLatin1Char('/') + critical;
-    QString line = QStringLiteral("%1 %2 (%3)")
-                       .arg(attack["name"].toString(), bonuses.join(QLatin1Char('/')), damage);
-    if (attack["range"].toString() != QLatin1String("-"))
-        line += QStringLiteral(", range %1").arg(attack["range"].toString());
-    return line;
+    for (const int bonus : line.bonuses)
+        bonuses.append(bonus);
+    return QJsonObject{{"name", line.name},         {"bonus", bonuses},    {"damage", line.damage},
+                       {"critical", line.critical}, {"range", line.range}, {"text", line.Text()}};
 }
 
 } // namespace
@@ -651,7 +546,10 @@ void CharacterItems::Describe(const DCharacter& constCharacter, QJsonObject& des
     const int maxDex = character.GetCharacterStat(kStatMaxDexterityBonus);
     description.insert("max_dex", maxDex < 0 || maxDex >= 100 ? QJsonValue() : QJsonValue(maxDex));
     description.insert("money", character.GetCurrency().GetCostDescription());
-    description.insert("attacks", describeAttacks(character));
+    QJsonArray attacks;
+    for (const DOffenseLine& line : DHandBook::BuildOffenseLines(&character))
+        attacks.append(describeAttack(line));
+    description.insert("attacks", attacks);
 }
 
 void CharacterItems::Print(const QJsonObject& description) {
@@ -678,7 +576,7 @@ void CharacterItems::Print(const QJsonObject& description) {
             .arg(maxDex.isNull() ? QStringLiteral("-") : QString::number(maxDex.toInt())));
     QStringList attacks;
     for (const QJsonValue attack : description["attacks"].toArray())
-        attacks << attackLine(attack.toObject());
+        attacks << attack.toObject()["text"].toString();
     CliContext::PrintLine(
         QStringLiteral("Attacks:    %1")
             .arg(attacks.isEmpty() ? QStringLiteral("none") : attacks.join(QStringLiteral("; "))));

@@ -378,6 +378,10 @@ public:
     static QString BuildAttackString(DCharacter* character, int rangeType, bool shortSteps);
     // The iterative bonuses that follow `total` for a base attack of `baseAttack`.
     static QList<int> BuildIterativeBonuses(int total, int baseAttack, bool shortSteps);
+    static DOffenseLine BuildOffenseLine(DCharacter* character, const DOffenseItem& offense);
+    // Every weapon and natural attack of the offense groups in order; the unarmed strike when
+    // there is nothing else.
+    static QList<DOffenseLine> BuildOffenseLines(DCharacter* character);
 
     // --- Character setup and level-up ---------------------------------------------------------
     // Binds the race that `raceFile` names and makes history entry 0 the race's entry. Nothing

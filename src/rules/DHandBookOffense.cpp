@@ -531,3 +531,80 @@ QString DHandBook::BuildAttackString(DCharacter* character, int rangeType, bool 
         parts << SignedNumber(bonus);
     return parts.join(QLatin1Char('/'));
 }
+
+// --- Sheet lines ---------------------------------------------------------------------------------
+
+QString DOffenseLine::Text() const {
+    QStringList parts;
+    for (const int bonus : bonuses)
+        parts << SignedNumber(bonus);
+    // A sheet leaves out the common x2 multiplier.
+    QString threat = critical;
+    if (threat == QLatin1String("x2"))
+        threat.clear();
+    else if (threat.endsWith(QLatin1String("/x2")))
+        threat.chop(3);
+    QString text = QStringLiteral("%1 %2 (%3%4)")
+                       .arg(name, parts.join(QLatin1Char('/')), damage,
+                            threat.isEmpty() ? QString() : QLatin1Char('/') + threat);
+    if (range != QLatin1String("-"))
+        text += QStringLiteral(", range %1").arg(range);
+    return text;
+}
+
+DOffenseLine DHandBook::BuildOffenseLine(DCharacter* character, const DOffenseItem& offense) {
+    DOffenseLine line;
+    line.range = QStringLiteral("-");
+    if (!character)
+        return line;
+    DOffenseBonusValues values;
+    const int total = GetOffenseBonus(character, offense, values, false);
+    line.damage = BuildOffenseDamageString(character, offense);
+    if (offense.GetOffenseType() != DOffenseItem::kOffenseWeapon) {
+        if (const DAttackInfo* attack = character->GetAttack(offense.GetOffenseId())) {
+            line.name = attack->GetAttackDescription();
+            if (attack->GetRangeType() != 0)
+                line.range = attack->GetAttackRangeDescription();
+        }
+        line.bonuses << total;
+        return line;
+    }
+    const DChosenItem* item = character->GetItem(offense.GetOffenseId());
+    const DWeaponInfo* weapon = WeaponOf(item);
+    line.name = item ? item->GetItemPrintDescription(false) : QString();
+    // The off hand strikes once; the weapon in the main hand, or held alone, strikes as often
+    // as the base attack allows.
+    const bool offHand = offense.HasOffenseFlag(DOffenseItem::kOffenseMultiple) &&
+                         !offense.HasOffenseFlag(DOffenseItem::kOffenseMainHand);
+    line.bonuses =
+        offHand ? QList<int>{total}
+                : BuildIterativeBonuses(total, character->GetCharacterStat(kStatBaseAttack), false);
+    const bool both = offense.HasOffenseFlag(DOffenseItem::kOffenseDouble);
+    if (both)
+        line.bonuses << GetOffenseBonus(character, offense, values, true);
+    if (weapon) {
+        line.critical = BuildWeaponCriticalString(character, weapon->GetItemGuid(),
+                                                  weapon->GetCriticalValues(), both);
+        if (weapon->GetRangeType() != 0)
+            line.range = BuildWeaponRangeString(character, weapon->GetRangeIncrement());
+    }
+    return line;
+}
+
+QList<DOffenseLine> DHandBook::BuildOffenseLines(DCharacter* character) {
+    QList<DOffenseLine> lines;
+    if (!character)
+        return lines;
+    for (const DOffenseGroup* group : character->GetOffenseGroupArray()) {
+        for (const DOffenseItem& offense : group->GetOffenseItemArray())
+            lines << BuildOffenseLine(character, offense);
+    }
+    if (!lines.isEmpty())
+        return lines;
+    if (const DChosenItem* fists = character->GetItemWithTypeAndInfoId(kItemWeapon, kUnarmedWeapon))
+        lines << BuildOffenseLine(
+            character, DOffenseItem(DOffenseItem::kOffenseWeapon, fists->GetItemId(),
+                                    DOffenseItem::kOffenseOneHand | DOffenseItem::kOffenseMainHand |
+                                        DOffenseItem::kOffenseLight));
+    return lines;
+}

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QList>
+#include <QString>
+
 // Small value records of the equipment and offense computations.
 
 // Load limits in pounds for a Strength score and size; the fourth value is unused.
@@ -52,3 +55,14 @@ struct DOffenseBonusValues {
     }
 };
 using DAttackValues = DOffenseBonusValues;
+
+// One attack as a sheet shows it: "Longsword +11/+6 (1d8+4/19-20)".
+struct DOffenseLine {
+    QString name;
+    QList<int> bonuses;
+    QString damage;
+    QString critical; // "19-20/x2", "x3"; empty for a natural attack
+    QString range;    // "110 ft", or "-" in melee
+
+    QString Text() const;
+};

@@ -86,7 +86,7 @@ TEST_F(ItemsCli, AFighterBuysArmsAndArmor) {
     bool found = false;
     for (const QJsonValue value : Show(file)["equipment"].toArray()) {
         const QJsonObject item = value.toObject();
-        if (item["name"].toString().startsWith(QStringLiteral("Masterwork dagger"))) {
+        if (item["name"].toString().startsWith(QStringLiteral("Dagger, Masterwork"))) {
             found = true;
             EXPECT_EQ(item["count"].toInt(), 2);
             EXPECT_DOUBLE_EQ(item["cost_gp"].toDouble(), 604.0);
