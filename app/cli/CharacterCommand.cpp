@@ -1,6 +1,7 @@
 #include "CharacterCommand.h"
 
 #include "CharacterAbility.h"
+#include "CharacterFeatures.h"
 #include "CharacterSkills.h"
 #include "CharacterSpells.h"
 #include "CliContext.h"
@@ -97,14 +98,16 @@ QString CharacterCommand::Help() const {
         "  hoard character add-skill FILE.chr SKILL RANKS [--json]\n"
         "  hoard character add-feat FILE.chr FEAT [--target T] [--json]\n"
         "  hoard character add-spell FILE.chr SPELL [--class C] [--json]\n"
-        "  hoard character prepare FILE.chr SPELL [--class C] [--count N] [--json]\n\n"
+        "  hoard character prepare FILE.chr SPELL [--class C] [--count N] [--json]\n"
+        "  hoard character add-feature FILE.chr FEATURE [--class C] [--json]\n\n"
         "new       makes a character of the named race (a race file's name, as `hoard race list`\n"
         "          shows; Human when none is given) with N levels of each CLASS in the order\n"
         "          given (N is 1 when left out), and saves it to FILE.chr. Without --class it\n"
         "          is the race alone: a monster of the race's hit dice. The first class level\n"
         "          has the full hit die; --hp average (the default) or roll picks the others.\n"
         "show      reads a character file and prints what it holds.\n"
-        "level-up  adds one level of CLASS to the character and saves it back.\n"
+        "level-up  adds one level of CLASS to the character and saves it back; the first\n"
+        "          level of a prestige class needs its entry requirements met.\n"
         "set-ability\n"
         "          gives ABILITY (STR, DEX, CON, INT, WIS, CHA or the full name) the rolled\n"
         "          score VALUE (1 to 99, before race adjustments) and saves it back.\n"
@@ -115,6 +118,10 @@ QString CharacterCommand::Help() const {
         "add-spell learns SPELL for the caster C (the first that learns spells when left\n"
         "          out); a spellbook past its allowance buys it for 200 gp a spell level.\n"
         "prepare   prepares SPELL N times (1 when left out) in today's slots of C.\n"
+        "add-feature\n"
+        "          picks FEATURE for C (the first class that picks when left out): a rogue's\n"
+        "          special ability, a ranger's favored enemy, a bard's weapon, a loremaster's\n"
+        "          secret.\n"
         "Classes are named as in the rules database, in any case.\n");
 }
 
@@ -139,6 +146,8 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return CharacterSpells::RunAddSpell(context, args);
     if (sub == "prepare")
         return CharacterSpells::RunPrepare(context, args);
+    if (sub == "add-feature")
+        return CharacterFeatures::RunAddFeature(context, args);
     return CliContext::Fail(
         QStringLiteral("unknown character command '%1' (try: new, show, level-up)").arg(sub));
 }
@@ -299,6 +308,11 @@ int CharacterCommand::RunLevelUp(CliContext& context, QStringList args) {
     DCharacter* character = LoadCharacter(path, error);
     if (!character)
         return CliContext::Fail(error);
+    const QString refused = CharacterFeatures::RefuseClassLevel(*character, guid);
+    if (!refused.isEmpty()) {
+        character->Release();
+        return CliContext::Fail(refused);
+    }
     const bool added = DHandBook::AddCharacterLevel(character, guid, false);
     const bool saved = added && character->SaveToFile(FCString(path));
     if (saved) {
@@ -446,6 +460,7 @@ QJsonObject CharacterCommand::Describe(const DCharacter& character) {
     addCombatBlock(character, description);
     CharacterSkills::Describe(character, description);
     CharacterSpells::Describe(character, description);
+    CharacterFeatures::Describe(character, description);
     return description;
 }
 
@@ -488,6 +503,7 @@ void CharacterCommand::PrintCharacter(const DCharacter& character, const QString
     CliContext::PrintLine(QStringLiteral("History:    %1").arg(history.join(", ")));
     printCombatBlock(description);
     CharacterSkills::Print(character);
+    CharacterFeatures::Print(description);
     CharacterSpells::Print(description);
     CliContext::PrintLine(QStringLiteral("File:       %1").arg(file));
 }

@@ -38,9 +38,7 @@ void ComputeAndSetCharacterEncumberance(DCharacter* character) {
     DHandBook::ComputeAndSetArmorClass(character);
 }
 
-void AddAutoFeatures(DCharacter*, bool /*isNew*/) {
-    // Class features of the new levels (AddAutoFeatures) come with the class feature work.
-}
+// AddAutoFeatures is DHandBook's own (DHandBookFeatures.cpp): the passes call it directly.
 
 void SetupUnarmedAttack(DCharacter*) {
     // The unarmed attack (SetupUnarmedAttack) comes with the offense work.
