@@ -57,6 +57,7 @@ enum : DFeatureType {
     kTypeNumbered = 3,
     kTypeWeapon = 4,
     kTypeFavoredEnemy = 5,
+    kTypeCharismaToSaves = 7,
     kTypeLanguagePoint = 8,
     kTypeHitPoints = 9,
     kTypeFortitude = 10,
@@ -163,13 +164,22 @@ void AdjustLanguage(DCharacter* character, const QUuid& language, bool remove) {
 void GrantFeat(DCharacter* character, const QUuid& feat) {
     if (feat.isNull() || character->HasFeat(feat, QUuid(), QUuid()))
         return;
+    // Granted, not bought: no feat point is spent on it.
     auto* chosen = new DChosenFeat();
     chosen->SetFeatGuid(feat);
     chosen->AddFeatFlag(kFeatFromFeature);
-    DChosenFeat* merged = DHandBook::AddFeat(character, true, chosen);
-    if (!merged)
-        DHandBook::HandleFeatBonuses(character, chosen, false);
+    character->AddFeat(chosen);
+    DHandBook::HandleFeatBonuses(character, chosen, false);
     chosen->Release();
+}
+
+// A level-down takes back the feat its feature granted.
+void TakeBackFeat(DCharacter* character, const QUuid& feat) {
+    DChosenFeat* granted = character->GetFeat(feat, QUuid(), QUuid());
+    if (!granted || !granted->HasFeatFlag(kFeatFromFeature))
+        return;
+    DHandBook::HandleFeatBonuses(character, granted, true);
+    character->RemoveFeat(granted);
 }
 
 QString NameById(int table, int id) {
@@ -419,6 +429,8 @@ void DHandBook::RemoveAutoFeaturesAboveLevel(DCharacter* character, const QUuid&
             }
         }
         if (!earlier) {
+            if (feature->GetFeatureType() == kTypeFeat)
+                TakeBackFeat(character, feature->GetFeatureDataGuid());
             character->RemoveFeature(feature, kAutoArray);
             continue;
         }
@@ -508,6 +520,10 @@ void DHandBook::AdjustCharacterForFeature(DCharacter* character, DChosenFeature*
         break;
     case kTypeLanguage:
         AdjustLanguage(character, feature->GetFeatureDataGuid(), remove);
+        break;
+    case kTypeCharismaToSaves:
+        // The saves read the feature; the pass may have worked them out before it came or went.
+        ComputeAndSetAllSavingThrows(character);
         break;
     default:
         // Numbered abilities, weapons, favored enemies and Charisma to saves are read where
