@@ -61,15 +61,18 @@ QString shortName(const QString& name) {
 
 const DFeatureOffer* findOffer(const std::vector<DFeatureOffer>& offers, const QString& name,
                                QString& error) {
-    QStringList names;
+    QStringList shortNames;
     for (const DFeatureOffer& offer : offers) {
         if (offer.name.compare(name, Qt::CaseInsensitive) == 0 ||
             shortName(offer.name).compare(name, Qt::CaseInsensitive) == 0)
             return &offer;
-        names << offer.name;
+        shortNames << shortName(offer.name);
     }
-    error = CliLookup::UnknownName(QStringLiteral("feature"), name,
-                                   CliLookup::ClosestNames(name, names, 3));
+    // Ranked by the names a player types; offered in full.
+    QStringList closest;
+    for (const QString& near : CliLookup::ClosestNames(name, shortNames, 3))
+        closest << offers[size_t(shortNames.indexOf(near))].name;
+    error = CliLookup::UnknownName(QStringLiteral("feature"), name, closest);
     return nullptr;
 }
 
