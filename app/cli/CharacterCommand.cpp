@@ -235,6 +235,20 @@ int CharacterCommand::RunNew(CliContext& context, QStringList args) {
     }
     if (history.size() > kMaxLevels)
         return CliContext::Fail(QStringLiteral("at most %1 levels in all").arg(kMaxLevels));
+    // Each prestige class must be open to the character the classes before it make.
+    for (qsizetype i = 0; i < history.size(); ++i) {
+        if (history.indexOf(history[i]) != i)
+            continue;
+        DCharacter before;
+        DHandBook::SetupCharacterWithRace(&before, raceEntry);
+        for (qsizetype j = 0; j < i; ++j)
+            before.AddHistory(history[j], 1.0f);
+        if (i > 0)
+            DHandBook::CharacterSetup(&before, true);
+        const QString refused = CharacterFeatures::RefuseClassLevel(before, history[i]);
+        if (!refused.isEmpty())
+            return CliContext::Fail(refused);
+    }
     DCharacter character;
     character.SetCharacterName(FCString(name.trimmed()));
     if (!player.isEmpty())
