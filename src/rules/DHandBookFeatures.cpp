@@ -341,7 +341,9 @@ void DHandBook::AddBlackguardFallenPaladinFeatures(DCharacter* character, DChara
     const QString sql =
         QString::asprintf("SELECT FeatureId, 0 as Data FROM %s WHERE ([Level]<=%d)",
                           DRulesQuery::Table(kTableFallenPaladinFeatures).constData(), level);
-    AddAutoFeatures(character, sql, paladin, kAutoArray, false);
+    // They belong to the blackguard: the fallen paladin's own features go at every pass.
+    DCharacterClass* blackguard = character->GetClassPointer(kBlackguardClass);
+    AddAutoFeatures(character, sql, blackguard ? blackguard : paladin, kAutoArray, false);
 }
 
 void DHandBook::AddAutoFeatures(DCharacter* character, const QString& sql,
@@ -441,6 +443,10 @@ void DHandBook::RemoveAutoFeaturesAboveLevel(DCharacter* character, const QUuid&
         else
             feature->SetFeatureDataGuid(earlier->dataGuid);
     }
+    // A class given up entirely takes along what came with it from elsewhere (a blackguard's
+    // fallen paladin features).
+    if (newLevel <= 0)
+        RemoveAutoFeatures(character, ClassFeatures(character, classGuid, true, 0));
 }
 
 void DHandBook::ComputeAndSetClassBonusFeatures(DCharacter* character,

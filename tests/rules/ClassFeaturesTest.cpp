@@ -102,6 +102,39 @@ TEST_F(ClassFeaturesTest, FeaturesArriveByLevelAndImprovedOnesReplaceTheirPredec
     }
 }
 
+TEST_F(ClassFeaturesTest, AutomaticFeaturesChangeTheirStatistics) {
+    // Monk bonus feats at 1, 2 and 6 (feature feat points, statistic 43); a loremaster's
+    // bonus languages at 4 and 8 and the druid's Druidic (language points, statistic 35).
+    struct Case {
+        const char* className;
+        int level;
+        DCharStatType stat;
+        int value;
+    };
+    const Case cases[] = {
+        {"Monk", 1, kStatFeatureFeatPoints, 1},
+        {"Monk", 2, kStatFeatureFeatPoints, 2},
+        {"Monk", 5, kStatFeatureFeatPoints, 2},
+        {"Monk", 6, kStatFeatureFeatPoints, 3},
+        {"Loremaster", 3, kStatFeatureLanguagePoints, 0},
+        {"Loremaster", 4, kStatFeatureLanguagePoints, 1},
+        {"Loremaster", 8, kStatFeatureLanguagePoints, 2},
+        {"Druid", 1, kStatFeatureLanguagePoints, 1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(QStringLiteral("%1 %2").arg(c.className).arg(c.level).toStdString());
+        Ref<DCharacter> character = Levels(c.className, c.level);
+        EXPECT_EQ(character->GetCharacterStat(c.stat), c.value);
+    }
+    // A feature of type 1 grants its feat, which a level-down takes back.
+    Ref<DCharacter> ranger = Levels("Ranger", 3);
+    EXPECT_TRUE(ranger->HasFeat(FeatGuid("Track"), QUuid(), QUuid()));
+    EXPECT_TRUE(ranger->HasFeat(FeatGuid("Endurance"), QUuid(), QUuid()));
+    ASSERT_TRUE(DHandBook::RemoveCharacterLevel(ranger.get(), false));
+    EXPECT_FALSE(ranger->HasFeat(FeatGuid("Endurance"), QUuid(), QUuid()));
+    EXPECT_TRUE(ranger->HasFeat(FeatGuid("Track"), QUuid(), QUuid()));
+}
+
 TEST_F(ClassFeaturesTest, PicksOfferedByClassLevel) {
     struct Case {
         const char* className;
@@ -218,6 +251,28 @@ TEST_F(ClassFeaturesTest, AFallenBarbarianKeepsAllButItsRage) {
     EXPECT_EQ(barbarian->GetClassLevel(DRuleGuids::kFastMovementClass), 4);
     ExpectFeatures(*barbarian, {"Trap sense +1 (Barbarian)"},
                    {"Rage 1/day (Barbarian)", "Rage 2/day (Barbarian)"});
+}
+
+TEST_F(ClassFeaturesTest, ABlackguardWhoWasAPaladinGainsTheFallenFeaturesOnce) {
+    // A fallen paladin 5 takes blackguard: the fallen features of paladin levels 1, 3 and 5
+    // come with the first blackguard level only, beside the blackguard's own.
+    Ref<DCharacter> character = Levels("Paladin", 5);
+    SetFallen(*character, ClassGuid("Paladin"), true);
+    const QStringList fallen = {"Smite good 1/day (Fallen paladin)",
+                                "Lay on hands (Fallen paladin)",
+                                "Sneak attack +1d6 (Fallen paladin)"};
+    for (int level = 1; level <= 2; ++level) {
+        SCOPED_TRACE(level);
+        ASSERT_TRUE(DHandBook::AddCharacterLevel(character.get(), ClassGuid("Blackguard"), false));
+        ExpectFeatures(*character, fallen + QStringList{"Aura of evil (Blackguard)"},
+                       {"Fiendish servant (Fallen paladin)", "Smite evil 2/day (Paladin)"});
+        EXPECT_EQ(AutoFeatures(*character).count("Lay on hands (Fallen paladin)"), 1);
+    }
+    // Both blackguard levels given back: nothing of it stays.
+    ASSERT_TRUE(DHandBook::RemoveCharacterLevel(character.get(), false));
+    ASSERT_TRUE(DHandBook::RemoveCharacterLevel(character.get(), false));
+    EXPECT_TRUE(AutoFeatures(*character).isEmpty())
+        << AutoFeatures(*character).join(", ").toStdString();
 }
 
 TEST_F(ClassFeaturesTest, ChosenFeaturesChangeTheirStatistics) {
