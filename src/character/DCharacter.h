@@ -201,6 +201,18 @@ public:
     void RemoveAllItems();
     DCurrency& GetInventoryValue() { return mInventoryValue; }
     DChosenItem* GetEquipment(int slot) const;
+    // A new inventory item holding `info` (retained); the character owns it.
+    DChosenItem* AddItemWithInfo(DItemInfo* info);
+    // A copy of `item` filed in the inventory, not equipped.
+    DChosenItem* AddCopyOfItem(const DItem& item);
+    // Armor to the armor slot, a shield to the first free shield slot (the second when both
+    // are taken), anything else is marked equipped.
+    void EquipItem(DChosenItem* item);
+    void UnEquipItem(DChosenItem* item);
+    // The first inventory item of that item type made from the rule row `infoGuid`.
+    DChosenItem* GetItemWithTypeAndInfoId(int itemType, const QUuid& infoGuid) const;
+    // The stored bonus with the same source, type, modify type, bonus and target.
+    DMagicBonus* FindMagicBonus(const DMagicBonus& bonus) const;
     // 1 while armor is worn (slot 0), else 0.
     int GetArmorCount() const { return mEquipment[0] ? 1 : 0; }
     FCPointerArray<DMagicBonus>& GetMagicBonusArray() { return mMagicBonusArray; }

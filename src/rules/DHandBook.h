@@ -4,11 +4,14 @@
 #include "DCharacterTypes.h"
 #include "DFeatPointValues.h"
 #include "DFeatPrereq.h"
+#include "DItemValues.h"
 #include "DRulesTypes.h"
 #include "DSkillPointValues.h"
 #include "FCArray.h"
 #include "FCString.h"
 
+#include <QList>
+#include <QString>
 #include <QStringList>
 #include <QUuid>
 
@@ -20,6 +23,19 @@ class DCharacter;
 class DCharacterClass;
 class DChosenFeat;
 class DChosenFeature;
+class DChosenItem;
+class DCoinData;
+class DCurrency;
+class DCustomMagicItemInfo;
+class DItem;
+class DItemInfo;
+class DMagicBonus;
+class DMagicItemInfo;
+class DOffenseItem;
+class DSpell;
+class DWeaponInfo;
+struct DWeaponDamageValues;
+struct DWeaponCritValues;
 class DChosenSkill;
 class DChosenSpell;
 class DSpellCaster;
@@ -316,8 +332,104 @@ public:
     static int GetMaxSpellLevelForCasterType(DCharacter* character, int casterType);
     // The monk's unarmored speed for a speed of type 1 or 3; any other speed as it stands.
     static int ComputeMonkUnarmoredSpeed(DCharacter* character, DAdjChosenSpeed* speed);
-    // The monk's unarmed damage at its level for the character's size; false without a row.
-    static bool GetMonkUnarmedDamage(DCharacter* character, int& dieCount, int& dieSides);
+    // --- Items: prices and weights -------------------------------------------------------------
+    // A new info of the class for an item type filled from its table; one reference for the
+    // caller, null for a type without rows.
+    static DItemInfo* BuildItemInfo(int itemType, const QUuid& guid);
+    // List price of a mundane item at `size` (-1: as listed); flags bit 0 is masterwork.
+    static void ComputeItemCost(DItemInfo* info, DCharacter* forCharacter, unsigned flags, int size,
+                                DCoinData& out);
+    static float ComputeItemWeight(DItemInfo* info, DCharacter* forCharacter, int size);
+    static void ComputeCustomMagicItemCost(DCustomMagicItemInfo* item, int size, DCoinData* out);
+    static void ComputeMagicItemCost(DMagicItemInfo* item, DCoinData* out);
+    // One row of a bonus price table; count 0 beyond the table.
+    static void GetMagicBonusCostFromTable(int itemType, int bonus, int table, DCoinData* out);
+    static void ComputeMagicSpellItemCost(int itemType, int spellLevel, int casterLevel,
+                                          DCoinData* out);
+    static void ComputeSpellCost(DSpell* spell, DCoinData* out);
+    // -1 when the class never casts that spell level.
+    static int GetMinCasterLevel(const QUuid& classId, int spellLevel);
+    static int GetMaxSpellLevelCanCast(const QUuid& classId);
+    static bool CanMagicItemTypeBeIntelligent(int magicType);
+    static int GetItemTypeForMagicType(int magicType);
+    static QString BuildCoinString(int count, int coinType);
+    static QString BuildTreasureString(int treasureType, int percent);
+
+    // --- Equipment and encumbrance --------------------------------------------------------------
+    static DChosenItem* AddItemWithInfoToCharacter(DCharacter* character, DItemInfo* info,
+                                                   unsigned flags, int size, bool isFree);
+    static DChosenItem* AddCopyOfItemToCharacter(DCharacter* character, DItem* item, int size,
+                                                 bool isFree);
+    // Files `item` (retained) in the inventory.
+    static void AddChosenItemToCharacter(DCharacter* character, DChosenItem* item, bool isFree);
+    // A private clone of `info` at `size`, or null when no change is needed.
+    static DItemInfo* CreateSizeAdjustedItem(DCharacter* character, DItemInfo* info, int size);
+    static void AdjustItemInfoSize(DCharacter* character, DItemInfo* info, int size);
+    static void RemoveItem(DCharacter* character, DChosenItem* item, bool isFree,
+                           bool updateCharacter);
+    static void RemoveAllItems(DCharacter* character, bool isFree);
+    static void AddCharacterMoney(DCharacter* character, const DCurrency& amount);
+    static void RemoveCharacterMoney(DCharacter* character, const DCurrency& amount);
+    static void ToggleItemCarryingStatus(DCharacter* character, DChosenItem* item, bool update);
+    static void EquipItem(DCharacter* character, DChosenItem* item, bool update);
+    static void UnEquipItem(DCharacter* character, DChosenItem* item, bool update);
+    static bool CanCharacterEquipMagicItem(DCharacter* character, DChosenItem* item);
+    static int GetMagicItemSubTypeLimit(int subType);
+    static void HandleEquipBonuses(DCharacter* character, DChosenItem* item, bool apply);
+    // The stacking rule: of bonuses of one kind only the highest counts.
+    static void HandleMagicBonus(DCharacter* character, DMagicBonus* bonus, bool apply);
+    static void ApplyMagicBonus(DCharacter* character, DMagicBonus* bonus, bool apply);
+    static void ComputeCarryingCapcity(int strength, int size, DCarryInfo& out);
+    static int ComputeCharacterLoad(DCharacter* character);
+    static void ComputeAndSetCharacterEncumberance(DCharacter* character);
+    static bool IsCharacterProfWithArmor(DCharacter* character, const QUuid& armor);
+    static bool IsCharacterProfWithShield(DCharacter* character, const QUuid& shield);
+    static bool IsCharacterWearingArmor(DCharacter* character);
+    static bool IsCharacterWearingProfArmor(DCharacter* character);
+    static int GetArmorWeightType(DCharacter* character);
+    static void ComputeAndSetAdjustedSpeed(DCharacter* character, int load, DItemInfo* armor);
+    static int ComputeArmorSpeed(int speed, float multiplier);
+    static int ComputeLoadSpeed(int speed, float multiplier) {
+        return ComputeArmorSpeed(speed, multiplier);
+    }
+    // Arcane spell failure of worn armor and shields together, in percent.
+    static int GetArcaneSpellFailure(DCharacter* character);
+    static void GetArmorShieldValues(DItem* item, DArmorShieldValues& out);
+
+    // --- Offense ------------------------------------------------------------------------------
+    static void SetupUnarmedAttack(DCharacter* character);
+    static void SetDamageValuesForUnarmedMonk(DCharacter* character, DWeaponDamageValues& values);
+    static QString BuildWeaponDamageString(const DWeaponDamageValues& values, bool bothHeads,
+                                           int bonus);
+    static QString BuildSimpleWeaponDamageString(int count1, int die1, int count2, int die2);
+    static QString BuildOffenseDamageString(DCharacter* character, const DOffenseItem& offense);
+    static QString BuildBonusDamageString(DCharacter* character, DItem* item);
+    static QString BuildWeaponCriticalString(DCharacter* character, const QUuid& weapon,
+                                             const DWeaponCritValues& values, bool bothHeads);
+    static QString BuildSimpleWeaponCriticalString(int min, int mult1, int mult2, bool bothHeads);
+    static QString BuildWeaponRangeString(DCharacter* character, int range);
+    static void GetDamageChange(DWeaponDamageValues& values, int fromSize, int toSize);
+    static bool GetDamageChange(int count, int die, int& newCount, int& newDie, bool up);
+    static int GetSizeAdjustedArmorBonus(int bonus, int size);
+    // Allowed offense flags (one hand 1, two hands 2, double 4) for the wielder's size.
+    static int GetCharacterWeaponUses(DCharacter* character, const DWeaponInfo* weapon);
+    static bool IsWeaponLight(DCharacter* character, const DWeaponInfo* weapon);
+    static bool CanFinesseWeapon(DCharacter* character, const DWeaponInfo* weapon);
+    static bool IsCharacterProfWithWeapon(DCharacter* character, const DWeaponInfo* weapon);
+    static bool DoesCharacterHaveFeatForOffense(DCharacter* character, const QUuid& feat,
+                                                const DOffenseItem& offense);
+    static void GetAttackValues(DCharacter* character, int rangeType, DAttackValues& values);
+    static void GetAttackValues(DCharacter* character, int type, int id, int rangeType,
+                                DAttackValues& values);
+    // The attack total of one weapon or natural attack, its parts in `values`.
+    static int GetOffenseBonus(DCharacter* character, const DOffenseItem& offense,
+                               DOffenseBonusValues& values, bool secondHead);
+    static QString BuildOffenseBonusString(DCharacter* character, const DOffenseItem& offense);
+    static int GetWeaponDamageModifier(DCharacter* character, const DOffenseItem& offense);
+    // "+11/+6/+1": the total with the iterative attacks of the base attack.
+    static QString BuildAttackString(DCharacter* character, int rangeType, bool shortSteps);
+    // The iterative bonuses that follow `total` for a base attack of `baseAttack`.
+    static QList<int> BuildIterativeBonuses(int total, int baseAttack, bool shortSteps);
 
     // --- Character setup and level-up ---------------------------------------------------------
     // Binds the race that `raceFile` names and makes history entry 0 the race's entry. Nothing

@@ -17,7 +17,6 @@
 #include "DRace.h"
 #include "DRuleGuids.h"
 #include "DRulesQuery.h"
-#include "DSizeInfo.h"
 #include "DSkillInfo.h"
 #include "DSpellCaster.h"
 #include "ResultSet.h"
@@ -31,7 +30,6 @@ using namespace DRuleGuids;
 // Row tables of this area, by their registry index.
 constexpr int kTableClassFeatures = 175;
 constexpr int kTableClassRequirements = 176;
-constexpr int kTableMonkUnarmedDamage = 179;
 constexpr int kTableMonkUnarmoredSpeed = 180;
 constexpr int kTableLoremasterSecrets = 181;
 constexpr int kTableFallenPaladinFeatures = 182;
@@ -807,20 +805,4 @@ int DHandBook::ComputeMonkUnarmoredSpeed(DCharacter* character, DAdjChosenSpeed*
         return base > kMonkSpeedCap ? found + (base / 10 - 6) * 10 : found;
     }
     return base;
-}
-
-bool DHandBook::GetMonkUnarmedDamage(DCharacter* character, int& dieCount, int& dieSides) {
-    const DSizeInfo* size = character ? character->GetSizeInfo() : nullptr;
-    const int monkLevel = character ? character->GetClassLevel(kMonkClass) : 0;
-    if (!size || monkLevel < 1)
-        return false;
-    return DDatabase::FirstRow(
-        QString::asprintf("SELECT DieCount, DieId FROM %s WHERE (SizeId=%d) AND (%d<=[Level]) "
-                          "ORDER BY [Level]",
-                          DRulesQuery::Table(kTableMonkUnarmedDamage).constData(),
-                          size->GetSizeId(), monkLevel),
-        [&](odbc::ResultSet* row) {
-            dieCount = row->getInt(1);
-            dieSides = row->getInt(2);
-        });
 }

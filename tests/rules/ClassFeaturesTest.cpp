@@ -7,6 +7,7 @@
 #include "DCharHistory.h"
 #include "DChosenFeature.h"
 #include "DRuleGuids.h"
+#include "DWeaponDamageValues.h"
 
 namespace {
 
@@ -177,10 +178,10 @@ TEST_F(ClassFeaturesTest, MonkNumbersFollowTheLevelUpAndTheLevelDown) {
         SCOPED_TRACE(step.level);
         ASSERT_EQ(monk->GetClassLevel(DRuleGuids::kMonkClass), step.level);
         EXPECT_EQ(monk->GetCharacterStat(kStatArmorClass), step.ac);
-        int count = 0, sides = 0;
-        ASSERT_TRUE(DHandBook::GetMonkUnarmedDamage(monk.get(), count, sides));
-        EXPECT_EQ(count, step.dieCount);
-        EXPECT_EQ(sides, step.dieSides);
+        DWeaponDamageValues damage;
+        DHandBook::SetDamageValuesForUnarmedMonk(monk.get(), damage);
+        EXPECT_EQ(damage.mDieCount[0], step.dieCount);
+        EXPECT_EQ(damage.mDieId[0], step.dieSides);
         EXPECT_EQ(DHandBook::ComputeMonkUnarmoredSpeed(monk.get(), &land), step.landSpeed);
         EXPECT_EQ(DHandBook::ComputeMonkUnarmoredSpeed(monk.get(), &fast), step.fastSpeed);
         // A burrowing speed is not the monk's to raise.
