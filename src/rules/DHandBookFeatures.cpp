@@ -318,8 +318,11 @@ void DHandBook::AddAutoFeaturesForClass(DCharacter* character, DCharacterClass* 
         return;
     int from = int(characterClass->GetPreviousLevel());
     const int to = TruncatedLevel(characterClass);
+    // The history replay marks a class atoned whenever a plain entry precedes a fallen one; a
+    // class that is still fallen has not atoned and gets nothing back.
     if (characterClass->hasAtoned()) {
-        from = 0;
+        if (!characterClass->GetIsExClass())
+            from = 0;
         characterClass->SetHasAtoned(false);
     }
     if (from >= to)

@@ -239,6 +239,18 @@ TEST_F(ClassFeaturesTest, AFallenPaladinLosesItsFeaturesAndAtonementBringsThemBa
     }
 }
 
+TEST_F(ClassFeaturesTest, APaladinFallenAtItsLastLevelStaysWithoutFeaturesPassAfterPass) {
+    Ref<DCharacter> paladin = Levels("Paladin", 3);
+    paladin->GetLastHistory()->SetIsExClass(true);
+    for (int pass = 1; pass <= 3; ++pass) {
+        SCOPED_TRACE(pass);
+        DHandBook::CharacterSetup(paladin.get(), false);
+        EXPECT_TRUE(paladin->GetClassPointer(ClassGuid("Paladin"))->GetIsExClass());
+        EXPECT_TRUE(AutoFeatures(*paladin).isEmpty())
+            << AutoFeatures(*paladin).join(", ").toStdString();
+    }
+}
+
 TEST_F(ClassFeaturesTest, AFallenBarbarianKeepsAllButItsRage) {
     Ref<DCharacter> barbarian = Levels("Barbarian", 3);
     SetFallen(*barbarian, ClassGuid("Barbarian"), true);
