@@ -92,6 +92,14 @@ TEST_F(FeaturesCli, ArcaneArcherRefusedUntilItsRequirementsAreMet) {
               "arcane spells of level 1");
     EXPECT_EQ(Bytes(file), before);
 
+    // So is a new character whose earlier classes do not open it; no file is written.
+    const QString never = mUser.path() + "/never.chr";
+    refused = Hoard({"character", "new", "--name", "N", "--class", "Fighter", "--level", "6",
+                     "--class", "Arcane Archer", "-o", never});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_TRUE(refused.err.contains("Arcane Archer cannot be taken")) << refused.err.toStdString();
+    EXPECT_FALSE(QFile::exists(never));
+
     // A prestige class whose requirements the data cannot hold is refused as such.
     refused = Hoard({"character", "level-up", file, "--class", "Eldritch Knight"});
     EXPECT_EQ(refused.status, 1);
