@@ -1,6 +1,7 @@
 #include "CharacterCommand.h"
 
 #include "CharacterAbility.h"
+#include "CharacterFeatures.h"
 #include "CharacterItems.h"
 #include "CharacterSkills.h"
 #include "CharacterSpells.h"
@@ -102,6 +103,7 @@ QString CharacterCommand::Help() const {
                "  hoard character add-feat FILE.chr FEAT [--target T] [--json]\n"
                "  hoard character add-spell FILE.chr SPELL [--class C] [--json]\n"
                "  hoard character prepare FILE.chr SPELL [--class C] [--count N] [--json]\n"
+               "  hoard character add-feature FILE.chr FEATURE [--class C] [--json]\n"
                "  hoard character add-item FILE.chr ITEM [--count N] [--masterwork] [--enhancement "
                "N]\n"
                "                      [--ability NAME]... [--buy] [--equip] [--two-hands] "
@@ -120,7 +122,8 @@ QString CharacterCommand::Help() const {
                "          has the full hit die; --hp average (the default) or roll picks the "
                "others.\n"
                "show      reads a character file and prints what it holds.\n"
-               "level-up  adds one level of CLASS to the character and saves it back.\n"
+               "level-up  adds one level of CLASS to the character and saves it back; the first\n"
+               "          level of a prestige class needs its entry requirements met.\n"
                "set-ability\n"
                "          gives ABILITY (STR, DEX, CON, INT, WIS, CHA or the full name) the "
                "rolled\n"
@@ -133,6 +136,12 @@ QString CharacterCommand::Help() const {
                "add-spell learns SPELL for the caster C (the first that learns spells when left\n"
                "          out); a spellbook past its allowance buys it for 200 gp a spell level.\n"
                "prepare   prepares SPELL N times (1 when left out) in today's slots of C.\n"
+               "add-feature\n"
+               "          picks FEATURE for C (the first class that picks when left out): a "
+               "rogue's\n"
+               "          special ability, a ranger's favored enemy, a bard's weapon, a "
+               "loremaster's\n"
+               "          secret.\n"
                "Classes are named as in the rules database, in any case.\n") +
            CharacterItems::HelpText();
 }
@@ -158,6 +167,8 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return CharacterSpells::RunAddSpell(context, args);
     if (sub == "prepare")
         return CharacterSpells::RunPrepare(context, args);
+    if (sub == "add-feature")
+        return CharacterFeatures::RunAddFeature(context, args);
     if (sub == "add-item")
         return CharacterItems::RunAddItem(context, args);
     if (sub == "equip")
@@ -254,6 +265,20 @@ int CharacterCommand::RunNew(CliContext& context, QStringList args) {
     }
     if (history.size() > kMaxLevels)
         return CliContext::Fail(QStringLiteral("at most %1 levels in all").arg(kMaxLevels));
+    // Each prestige class must be open to the character the classes before it make.
+    for (qsizetype i = 0; i < history.size(); ++i) {
+        if (history.indexOf(history[i]) != i)
+            continue;
+        DCharacter before;
+        DHandBook::SetupCharacterWithRace(&before, raceEntry);
+        for (qsizetype j = 0; j < i; ++j)
+            before.AddHistory(history[j], 1.0f);
+        if (i > 0)
+            DHandBook::CharacterSetup(&before, true);
+        const QString refused = CharacterFeatures::RefuseClassLevel(before, history[i]);
+        if (!refused.isEmpty())
+            return CliContext::Fail(refused);
+    }
     DCharacter character;
     character.SetCharacterName(FCString(name.trimmed()));
     if (!player.isEmpty())
@@ -327,6 +352,11 @@ int CharacterCommand::RunLevelUp(CliContext& context, QStringList args) {
     DCharacter* character = LoadCharacter(path, error);
     if (!character)
         return CliContext::Fail(error);
+    const QString refused = CharacterFeatures::RefuseClassLevel(*character, guid);
+    if (!refused.isEmpty()) {
+        character->Release();
+        return CliContext::Fail(refused);
+    }
     const bool added = DHandBook::AddCharacterLevel(character, guid, false);
     const bool saved = added && character->SaveToFile(FCString(path));
     if (saved) {
@@ -474,6 +504,7 @@ QJsonObject CharacterCommand::Describe(const DCharacter& character) {
     addCombatBlock(character, description);
     CharacterSkills::Describe(character, description);
     CharacterSpells::Describe(character, description);
+    CharacterFeatures::Describe(character, description);
     CharacterItems::Describe(character, description);
     return description;
 }
@@ -517,6 +548,7 @@ void CharacterCommand::PrintCharacter(const DCharacter& character, const QString
     CliContext::PrintLine(QStringLiteral("History:    %1").arg(history.join(", ")));
     printCombatBlock(description);
     CharacterSkills::Print(character);
+    CharacterFeatures::Print(description);
     CharacterSpells::Print(description);
     CharacterItems::Print(description);
     CliContext::PrintLine(QStringLiteral("File:       %1").arg(file));

@@ -1,6 +1,7 @@
 #include "DeskMainWindow.h"
 
 #include "CatalogueDock.h"
+#include "CharacterFeatureRows.h"
 #include "CharacterItemRows.h"
 #include "CharacterSpellRows.h"
 #include "DeskPrinting.h"
@@ -223,6 +224,7 @@ void DeskMainWindow::ShowCharacter(const DCharacter& character, const QString& f
                             classes.join(", ").toHtmlEscaped(), abilities.join(", "),
                             QString::number(character.GetCharacterStat(kStatHitPoints)),
                             CombatRows(character) + CharacterItemRows::Build(character) +
+                                CharacterFeatureRows::Build(character) +
                                 CharacterSpellRows::Build(character),
                             fileText));
     setWindowTitle(tr("Hoard - %1").arg(character.GetCharacterName()));

@@ -443,6 +443,47 @@ bool DCharacter::HasFeature(DFeatureType type, int data, int arrayType) const {
     return false;
 }
 
+void DCharacter::AddFeature(DChosenFeature* feature, int arrayType) {
+    if (feature && arrayType >= 0 && arrayType < kFeatureArrayCount)
+        mFeatureArray[arrayType].Add(feature);
+}
+
+bool DCharacter::RemoveFeature(DChosenFeature* feature, int arrayType) {
+    if (arrayType < 0 || arrayType >= kFeatureArrayCount)
+        return false;
+    return mFeatureArray[arrayType].Remove(feature);
+}
+
+DChosenFeature* DCharacter::GetFeatureInGroup(DFeatureGroupType group, int arrayType) const {
+    if (arrayType < 0 || arrayType >= kFeatureArrayCount)
+        return nullptr;
+    for (DChosenFeature* feature : mFeatureArray[arrayType]) {
+        if (feature->GetFeatureGroup() == group)
+            return feature;
+    }
+    return nullptr;
+}
+
+bool DCharacter::HasFeatureWithId(const QUuid& feature, int arrayType) const {
+    if (arrayType < 0 || arrayType >= kFeatureArrayCount)
+        return false;
+    for (const DChosenFeature* held : mFeatureArray[arrayType]) {
+        if (held->GetFeatureGuid() == feature)
+            return true;
+    }
+    return false;
+}
+
+bool DCharacter::HasFeatureWithType(DFeatureType type, const QUuid& data, int arrayType) const {
+    if (arrayType < 0 || arrayType >= kFeatureArrayCount)
+        return false;
+    for (const DChosenFeature* held : mFeatureArray[arrayType]) {
+        if (held->GetFeatureType() == type && held->GetFeatureDataGuid() == data)
+            return true;
+    }
+    return false;
+}
+
 void DCharacter::PrepareForLevelUp() {
     for (DCharacterClass* characterClass : mClassList)
         characterClass->PrepareForLevelUp();

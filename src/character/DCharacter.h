@@ -225,6 +225,14 @@ public:
     FCPointerArray<DChosenFeature>& GetFeatureArray(int arrayType);
     // A feature of that type whose data is `data` in the array; false for an array out of range.
     bool HasFeature(DFeatureType type, int data, int arrayType) const;
+    // The array retains `feature`; an array out of range takes nothing.
+    void AddFeature(DChosenFeature* feature, int arrayType);
+    bool RemoveFeature(DChosenFeature* feature, int arrayType);
+    // The first feature of the group in the array, or null.
+    DChosenFeature* GetFeatureInGroup(DFeatureGroupType group, int arrayType) const;
+    bool HasFeatureWithId(const QUuid& feature, int arrayType) const;
+    // A feature of that type whose data is the GUID `data`.
+    bool HasFeatureWithType(DFeatureType type, const QUuid& data, int arrayType) const;
     const QUuid& GetGod() const { return mGod; }
     void SetGod(const QUuid& god) { mGod = god; }
     bool HasPickedGod() const { return !mGod.isNull(); }

@@ -12,12 +12,17 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QUuid>
 
+#include <vector>
+
+class DAdjChosenSpeed;
 class DCharRaceBase;
 class DCharacter;
 class DCharacterClass;
 class DChosenFeat;
+class DChosenFeature;
 class DChosenItem;
 class DCoinData;
 class DCurrency;
@@ -280,6 +285,53 @@ public:
     static QString BuildSpellsCanKnowString(const DSpellCaster* caster, int level);
     static QString BuildRemainingSpellsCanKnowString(const DSpellCaster* caster, int level);
 
+    // --- Class features and prerequisites -----------------------------------------------------
+    // Features of the levels each class gained since the last pass, falls and atonements.
+    static void AddAutoFeatures(DCharacter* character, bool isNew);
+    static void AddAutoFeaturesForClass(DCharacter* character, DCharacterClass* characterClass);
+    // Feature rows of `sql` (columns FeatureId, Data and, with hasDataGuid, DataGuid) into the
+    // array; a later feature of a group takes the place of the earlier one.
+    static void AddAutoFeatures(DCharacter* character, const QString& sql,
+                                DCharacterClass* characterClass, int arrayType, bool hasDataGuid);
+    static void AddBlackguardFallenPaladinFeatures(DCharacter* character, DCharacterClass* paladin,
+                                                   int level);
+    static void RemoveAutoFeaturesForClass(DCharacter* character, DCharacterClass* characterClass);
+    static void RemoveAutoFeaturesInGroup(DCharacter* character, DCharacterClass* characterClass,
+                                          DFeatureGroupType group);
+    // Takes back the features of class levels above `newLevel` up to `oldLevel`: a feature of a
+    // group falls back to the one it replaced.
+    static void RemoveAutoFeaturesAboveLevel(DCharacter* character, const QUuid& classGuid,
+                                             int oldLevel, int newLevel);
+    static void ComputeAndSetClassBonusFeatures(DCharacter* character,
+                                                DCharacterClass* characterClass);
+    static void AddChosenFeature(DCharacter* character, DCharacterClass* characterClass,
+                                 DChosenFeature* feature);
+    static void RemoveChosenFeature(DCharacter* character, DCharacterClass* characterClass,
+                                    DChosenFeature* feature);
+    static void AdjustCharacterForFeature(DCharacter* character, DChosenFeature* feature,
+                                          bool remove);
+    // The feature as the player reads it: "Sneak attack +3d6 (Rogue)", "Favored enemy (Undead)".
+    static QString BuildFeatureName(const DChosenFeature* feature);
+    // The picked group a class offers (13 rogue, 14 ranger, 15 bard, 24 loremaster), or -1.
+    static DFeatureGroupType GetPickedFeatureGroup(const QUuid& classGuid);
+    // What the class's picker offers, each offer disabled where the rules say so.
+    static void GetFeatureOffers(DCharacter* character, DCharacterClass* characterClass,
+                                 std::vector<DFeatureOffer>& offers);
+    static bool DoesCharacterMeetClassPrereqs(DCharacter* character, const QUuid& classGuid);
+    static bool DoesCharacterMeetClassPrereqs1(DCharacter*, const QUuid&) { return true; }
+    static bool DoesCharacterMeetClassPrereqs2(DCharacter*, const QUuid&) { return true; }
+    static bool DoesCharacterMeetClassPrereqs3(DCharacter*, const QUuid&) { return true; }
+    // Every requirement of the class that the character fails, as the player reads it; empty
+    // when the class may be taken.
+    static QStringList GetFailingClassPrereqs(DCharacter* character, const QUuid& classGuid);
+    // Whether the rules data holds the class's entry requirements: rows, or a hard-wired test.
+    static bool HasClassPrereqData(const QUuid& classGuid);
+    static int GetSpellSchoolCount(DCharacter* character, int& maxLevel);
+    static int GetMaxSpellLevelForSchool(DCharacter* character, int school);
+    static int GetMaxSpellLevelForClassAndSchool(const QUuid& classGuid, int school);
+    static int GetMaxSpellLevelForCasterType(DCharacter* character, int casterType);
+    // The monk's unarmored speed for a speed of type 1 or 3; any other speed as it stands.
+    static int ComputeMonkUnarmoredSpeed(DCharacter* character, DAdjChosenSpeed* speed);
     // --- Items: prices and weights -------------------------------------------------------------
     // A new info of the class for an item type filled from its table; one reference for the
     // caller, null for a type without rows.

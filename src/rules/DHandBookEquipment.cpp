@@ -39,7 +39,6 @@ constexpr int kTableStaffBonuses = 168;
 constexpr int kTableWondrousBonuses = 169;
 constexpr int kTableLoad = 172;
 constexpr int kTableLoadCapacity = 173;
-constexpr int kTableMonkUnarmoredSpeed = 180;
 
 // Bonuses of this class always stack; armor and shield enhancement uses class 6.
 constexpr int kBonusAlwaysStacks = 2;
@@ -170,23 +169,6 @@ void ComputeAndSetCharacterArmorStats(DCharacter* character, const DLoadInfo* lo
     DHandBook::ComputeAndSetArmorClass(character);
 }
 
-// The monk's unarmored speed for a base speed: the row of the nearest base speed at or below it
-// (at most 60), and 10 feet more for every 10 of base speed above 60.
-int MonkSpeed(const DCharacter* character, int base) {
-    const int level = character->GetClassLevel(kMonkClass);
-    for (int key = std::min(base, 60) / 5 * 5; key > 0; key -= 5) {
-        int speed = -1;
-        DDatabase::FirstRow(
-            QString::asprintf("SELECT Speed FROM %s WHERE (%d<=[Level]) AND (BaseSpeed=%d) ORDER "
-                              "BY [Level]",
-                              DRulesQuery::Table(kTableMonkUnarmoredSpeed).constData(), level, key),
-            [&speed](odbc::ResultSet* row) { speed = row->getInt("Speed"); });
-        if (speed >= 0)
-            return base > 60 ? speed + (base / 10 - 6) * 10 : speed;
-    }
-    return base;
-}
-
 void ComputeAdjustedSpeed(DCharacter* character, DAdjChosenSpeed* speed, int load,
                           const DArmorInfo* armor) {
     DSpeedTypeInfo type;
@@ -201,8 +183,9 @@ void ComputeAdjustedSpeed(DCharacter* character, DAdjChosenSpeed* speed, int loa
     if (speed->GetSpeedId() == 1 && load < 3 && race && race->HasRaceFlag(DRace::kFlagSteadySpeed))
         value = base;
     if (speed->GetSpeedId() == 1) {
-        const int monk =
-            character->IsClass(kMonkClass) && !armor && load == 0 ? MonkSpeed(character, base) : 0;
+        const int monk = character->IsClass(kMonkClass) && !armor && load == 0
+                             ? DHandBook::ComputeMonkUnarmoredSpeed(character, speed)
+                             : 0;
         const bool fast = character->IsClass(kFastMovementClass);
         if (fast && (!armor || armor->GetWeightType() < 2) && load < 2)
             value += 10;

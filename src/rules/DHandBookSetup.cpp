@@ -30,9 +30,7 @@ void AdvanceCharacter(DCharacter*) {
 
 // ComputeAndSetSpellData is DHandBook's own (DHandBookSpells.cpp): the passes call it directly.
 
-void AddAutoFeatures(DCharacter*, bool /*isNew*/) {
-    // Class features of the new levels (AddAutoFeatures) come with the class feature work.
-}
+// AddAutoFeatures is DHandBook's own (DHandBookFeatures.cpp): the passes call it directly.
 
 void UpdateAnimals(DCharacter*) {
     // Companions that follow their master's level (UpdateAnimals) come with the companion work.
