@@ -6,6 +6,7 @@
 #include "FCRandom.h"
 #include "FeatsCommand.h"
 #include "ItemsCommand.h"
+#include "MonsterCommand.h"
 #include "ObjectsCommand.h"
 #include "RaceCommand.h"
 #include "RollCommand.h"
@@ -31,6 +32,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<FeatsCommand>());
     commands.push_back(std::make_unique<SpellsCommand>());
     commands.push_back(std::make_unique<ItemsCommand>());
+    commands.push_back(std::make_unique<MonsterCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
     commands.push_back(std::make_unique<AbilitiesCommand>());

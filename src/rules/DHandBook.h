@@ -435,6 +435,20 @@ public:
     // class levels the unarmed strike when there is nothing else.
     static QList<DOffenseLine> BuildOffenseLines(DCharacter* character);
 
+    // --- Monster advancement -------------------------------------------------------------------
+    // Racial hit dice from oldHD to newHD: the history, the full recomputation and, across a
+    // size boundary of the race's advancement rows, the size step. With `initial` only the
+    // size step runs (the setup pass re-applying stored hit dice).
+    static void AdvanceCharacterWithHD(DCharacter* character, float oldHD, float newHD,
+                                       bool initial);
+    // Re-applies the size effects of hit dice stored beyond the race's own.
+    static void AdvanceCharacter(DCharacter* character);
+    // Strength, Dexterity, Constitution, natural armor, size and natural attack dice from one
+    // size to another.
+    static void AdvanceCharacter(DCharacter* character, int oldSizeId, int newSizeId,
+                                 bool initial);
+    static void AdvanceNaturalAttacks(DCharacter* character, int oldSizeId, int newSizeId);
+
     // --- Character setup and level-up ---------------------------------------------------------
     // Binds the race that `raceFile` names and makes history entry 0 the race's entry. Nothing
     // happens for a null entry or an unreadable file.
