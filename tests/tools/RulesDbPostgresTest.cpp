@@ -117,8 +117,7 @@ protected:
     QString address() const {
         const QString port = valueOf(mServer, QStringLiteral("port"));
         return QStringLiteral("postgresql://%1@%2%3/%4")
-            .arg(valueOf(mServer, QStringLiteral("user")),
-                 valueOf(mServer, QStringLiteral("host")),
+            .arg(valueOf(mServer, QStringLiteral("user")), valueOf(mServer, QStringLiteral("host")),
                  port.isEmpty() ? QString() : u':' + port, mName);
     }
 
