@@ -1,6 +1,8 @@
 #include "CharacterCommand.h"
 
 #include "CharacterAbility.h"
+#include "CharacterFeatures.h"
+#include "CharacterItems.h"
 #include "CharacterSkills.h"
 #include "CharacterSpells.h"
 #include "CliContext.h"
@@ -83,39 +85,65 @@ DCharacter* CharacterCommand::LoadCharacter(const QString& path, QString& error)
         return nullptr;
     }
     DHandBook::UpdateWithRace(character);
+    // Files saved before the unarmed strike was kept get it now; it is refreshed otherwise.
+    DHandBook::SetupUnarmedAttack(character);
     return character;
 }
 
 QString CharacterCommand::Help() const {
     return QStringLiteral(
-        "Usage:\n"
-        "  hoard character new --name NAME [--player NAME] [--race RACE]\n"
-        "                      [--class CLASS [--level N]]... [--hp average|roll] -o FILE.chr\n"
-        "  hoard character show FILE.chr [--json]\n"
-        "  hoard character level-up FILE.chr --class CLASS [--json]\n"
-        "  hoard character set-ability FILE.chr ABILITY VALUE [--json]\n"
-        "  hoard character add-skill FILE.chr SKILL RANKS [--json]\n"
-        "  hoard character add-feat FILE.chr FEAT [--target T] [--json]\n"
-        "  hoard character add-spell FILE.chr SPELL [--class C] [--json]\n"
-        "  hoard character prepare FILE.chr SPELL [--class C] [--count N] [--json]\n\n"
-        "new       makes a character of the named race (a race file's name, as `hoard race list`\n"
-        "          shows; Human when none is given) with N levels of each CLASS in the order\n"
-        "          given (N is 1 when left out), and saves it to FILE.chr. Without --class it\n"
-        "          is the race alone: a monster of the race's hit dice. The first class level\n"
-        "          has the full hit die; --hp average (the default) or roll picks the others.\n"
-        "show      reads a character file and prints what it holds.\n"
-        "level-up  adds one level of CLASS to the character and saves it back.\n"
-        "set-ability\n"
-        "          gives ABILITY (STR, DEX, CON, INT, WIS, CHA or the full name) the rolled\n"
-        "          score VALUE (1 to 99, before race adjustments) and saves it back.\n"
-        "add-skill buys RANKS (whole, or halves for a cross-class skill) of SKILL with the\n"
-        "          points of the last class taken; a sub-skill is named \"Knowledge (Arcana)\".\n"
-        "add-feat  takes FEAT, with --target naming the weapon, skill or school it is for,\n"
-        "          from a class's bonus feats when it may, else from the feat points.\n"
-        "add-spell learns SPELL for the caster C (the first that learns spells when left\n"
-        "          out); a spellbook past its allowance buys it for 200 gp a spell level.\n"
-        "prepare   prepares SPELL N times (1 when left out) in today's slots of C.\n"
-        "Classes are named as in the rules database, in any case.\n");
+               "Usage:\n"
+               "  hoard character new --name NAME [--player NAME] [--race RACE]\n"
+               "                      [--class CLASS [--level N]]... [--hp average|roll] -o "
+               "FILE.chr\n"
+               "  hoard character show FILE.chr [--json]\n"
+               "  hoard character level-up FILE.chr --class CLASS [--json]\n"
+               "  hoard character set-ability FILE.chr ABILITY VALUE [--json]\n"
+               "  hoard character add-skill FILE.chr SKILL RANKS [--json]\n"
+               "  hoard character add-feat FILE.chr FEAT [--target T] [--json]\n"
+               "  hoard character add-spell FILE.chr SPELL [--class C] [--json]\n"
+               "  hoard character prepare FILE.chr SPELL [--class C] [--count N] [--json]\n"
+               "  hoard character add-feature FILE.chr FEATURE [--class C] [--json]\n"
+               "  hoard character add-item FILE.chr ITEM [--count N] [--masterwork] [--enhancement "
+               "N]\n"
+               "                      [--ability NAME]... [--buy] [--equip] [--two-hands] "
+               "[--json]\n"
+               "  hoard character equip FILE.chr ITEM [--two-hands] [--json]\n"
+               "  hoard character unequip FILE.chr ITEM [--json]\n"
+               "  hoard character remove-item FILE.chr ITEM [--sell] [--json]\n\n"
+               "new       makes a character of the named race (a race file's name, as `hoard race "
+               "list`\n"
+               "          shows; Human when none is given) with N levels of each CLASS in the "
+               "order\n"
+               "          given (N is 1 when left out), and saves it to FILE.chr. Without --class "
+               "it\n"
+               "          is the race alone: a monster of the race's hit dice. The first class "
+               "level\n"
+               "          has the full hit die; --hp average (the default) or roll picks the "
+               "others.\n"
+               "show      reads a character file and prints what it holds.\n"
+               "level-up  adds one level of CLASS to the character and saves it back; the first\n"
+               "          level of a prestige class needs its entry requirements met.\n"
+               "set-ability\n"
+               "          gives ABILITY (STR, DEX, CON, INT, WIS, CHA or the full name) the "
+               "rolled\n"
+               "          score VALUE (1 to 99, before race adjustments) and saves it back.\n"
+               "add-skill buys RANKS (whole, or halves for a cross-class skill) of SKILL with the\n"
+               "          points of the last class taken; a sub-skill is named \"Knowledge "
+               "(Arcana)\".\n"
+               "add-feat  takes FEAT, with --target naming the weapon, skill or school it is for,\n"
+               "          from a class's bonus feats when it may, else from the feat points.\n"
+               "add-spell learns SPELL for the caster C (the first that learns spells when left\n"
+               "          out); a spellbook past its allowance buys it for 200 gp a spell level.\n"
+               "prepare   prepares SPELL N times (1 when left out) in today's slots of C.\n"
+               "add-feature\n"
+               "          picks FEATURE for C (the first class that picks when left out): a "
+               "rogue's\n"
+               "          special ability, a ranger's favored enemy, a bard's weapon, a "
+               "loremaster's\n"
+               "          secret.\n"
+               "Classes are named as in the rules database, in any case.\n") +
+           CharacterItems::HelpText();
 }
 
 int CharacterCommand::Run(CliContext& context, QStringList args) {
@@ -139,8 +167,19 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return CharacterSpells::RunAddSpell(context, args);
     if (sub == "prepare")
         return CharacterSpells::RunPrepare(context, args);
+    if (sub == "add-feature")
+        return CharacterFeatures::RunAddFeature(context, args);
+    if (sub == "add-item")
+        return CharacterItems::RunAddItem(context, args);
+    if (sub == "equip")
+        return CharacterItems::RunEquip(context, args);
+    if (sub == "unequip")
+        return CharacterItems::RunUnequip(context, args);
+    if (sub == "remove-item")
+        return CharacterItems::RunRemoveItem(context, args);
     return CliContext::Fail(
-        QStringLiteral("unknown character command '%1' (try: new, show, level-up)").arg(sub));
+        QStringLiteral("unknown character command '%1' (try: new, show, level-up, add-item)")
+            .arg(sub));
 }
 
 QUuid CharacterCommand::FindClass(const QString& name) {
@@ -226,6 +265,20 @@ int CharacterCommand::RunNew(CliContext& context, QStringList args) {
     }
     if (history.size() > kMaxLevels)
         return CliContext::Fail(QStringLiteral("at most %1 levels in all").arg(kMaxLevels));
+    // Each prestige class must be open to the character the classes before it make.
+    for (qsizetype i = 0; i < history.size(); ++i) {
+        if (history.indexOf(history[i]) != i)
+            continue;
+        DCharacter before;
+        DHandBook::SetupCharacterWithRace(&before, raceEntry);
+        for (qsizetype j = 0; j < i; ++j)
+            before.AddHistory(history[j], 1.0f);
+        if (i > 0)
+            DHandBook::CharacterSetup(&before, true);
+        const QString refused = CharacterFeatures::RefuseClassLevel(before, history[i]);
+        if (!refused.isEmpty())
+            return CliContext::Fail(refused);
+    }
     DCharacter character;
     character.SetCharacterName(FCString(name.trimmed()));
     if (!player.isEmpty())
@@ -299,6 +352,11 @@ int CharacterCommand::RunLevelUp(CliContext& context, QStringList args) {
     DCharacter* character = LoadCharacter(path, error);
     if (!character)
         return CliContext::Fail(error);
+    const QString refused = CharacterFeatures::RefuseClassLevel(*character, guid);
+    if (!refused.isEmpty()) {
+        character->Release();
+        return CliContext::Fail(refused);
+    }
     const bool added = DHandBook::AddCharacterLevel(character, guid, false);
     const bool saved = added && character->SaveToFile(FCString(path));
     if (saved) {
@@ -446,6 +504,8 @@ QJsonObject CharacterCommand::Describe(const DCharacter& character) {
     addCombatBlock(character, description);
     CharacterSkills::Describe(character, description);
     CharacterSpells::Describe(character, description);
+    CharacterFeatures::Describe(character, description);
+    CharacterItems::Describe(character, description);
     return description;
 }
 
@@ -488,6 +548,8 @@ void CharacterCommand::PrintCharacter(const DCharacter& character, const QString
     CliContext::PrintLine(QStringLiteral("History:    %1").arg(history.join(", ")));
     printCombatBlock(description);
     CharacterSkills::Print(character);
+    CharacterFeatures::Print(description);
     CharacterSpells::Print(description);
+    CharacterItems::Print(description);
     CliContext::PrintLine(QStringLiteral("File:       %1").arg(file));
 }

@@ -5,6 +5,7 @@
 #include "DemoCommand.h"
 #include "FCRandom.h"
 #include "FeatsCommand.h"
+#include "ItemsCommand.h"
 #include "ObjectsCommand.h"
 #include "RaceCommand.h"
 #include "RollCommand.h"
@@ -29,6 +30,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<RaceCommand>());
     commands.push_back(std::make_unique<FeatsCommand>());
     commands.push_back(std::make_unique<SpellsCommand>());
+    commands.push_back(std::make_unique<ItemsCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
     commands.push_back(std::make_unique<AbilitiesCommand>());

@@ -1,6 +1,8 @@
 #include "DeskMainWindow.h"
 
 #include "CatalogueDock.h"
+#include "CharacterFeatureRows.h"
+#include "CharacterItemRows.h"
 #include "CharacterSpellRows.h"
 #include "DeskPrinting.h"
 #include "NewCharacterDialog.h"
@@ -221,7 +223,9 @@ void DeskMainWindow::ShowCharacter(const DCharacter& character, const QString& f
                             QString::number(int(character.GetCharacterLevel())),
                             classes.join(", ").toHtmlEscaped(), abilities.join(", "),
                             QString::number(character.GetCharacterStat(kStatHitPoints)),
-                            CombatRows(character) + CharacterSpellRows::Build(character),
+                            CombatRows(character) + CharacterItemRows::Build(character) +
+                                CharacterFeatureRows::Build(character) +
+                                CharacterSpellRows::Build(character),
                             fileText));
     setWindowTitle(tr("Hoard - %1").arg(character.GetCharacterName()));
     // Rewritten at every showing, so it follows every change made here.

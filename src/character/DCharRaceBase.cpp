@@ -207,3 +207,27 @@ bool DCharRaceBase::RemoveSpeed(int speedType) {
     DChosenSpeed* speed = GetSpeedPointer(speedType);
     return speed && mSpeedArray.Remove(speed);
 }
+
+void DCharRaceBase::AddOffenseToGroup(int group, const DOffenseItem& item) {
+    if (group < 0)
+        return;
+    while (mOffenseGroupArray.GetCount() <= group) {
+        auto* added = new DOffenseGroup;
+        mOffenseGroupArray.Add(added);
+        added->Release();
+    }
+    mOffenseGroupArray.At(group)->AddOffenseItem(item);
+}
+
+bool DCharRaceBase::RemoveOffenseFromGroup(int group, const DOffenseItem& item) {
+    DOffenseGroup* offense = GetOffenseGroup(group);
+    return offense && offense->RemoveOffenseItem(item);
+}
+
+void DCharRaceBase::RemoveWeaponFromAllGroups(int itemId) {
+    const DOffenseItem weapon(DOffenseItem::kOffenseWeapon, itemId);
+    for (DOffenseGroup* group : mOffenseGroupArray) {
+        while (group->RemoveOffenseItem(weapon)) {
+        }
+    }
+}

@@ -78,6 +78,12 @@ public:
     FCPointerArray<DOffenseGroup>& GetOffenseGroupArray() { return mOffenseGroupArray; }
     const FCPointerArray<DOffenseGroup>& GetOffenseGroupArray() const { return mOffenseGroupArray; }
     void RemoveAllOffenseGroups() { mOffenseGroupArray.RemoveAll(); }
+    DOffenseGroup* GetOffenseGroup(int group) const { return mOffenseGroupArray.At(group); }
+    // Adds the item to the group, making the groups up to it as needed.
+    void AddOffenseToGroup(int group, const DOffenseItem& item);
+    bool RemoveOffenseFromGroup(int group, const DOffenseItem& item);
+    // An inventory weapon that leaves the inventory leaves every group.
+    void RemoveWeaponFromAllGroups(int itemId);
 
     // Speeds; type 1 is the base (land) speed.
     FCPointerArray<DChosenSpeed>& GetSpeedArray() { return mSpeedArray; }

@@ -9,6 +9,8 @@
 #include "DChosenSpell.h"
 #include "DDatabase.h"
 #include "DFileObject.h"
+#include "DItemInfo.h"
+#include "DItemType.h"
 #include "DMagicBonus.h"
 #include "DRace.h"
 #include "DSizeInfo.h"
@@ -441,6 +443,47 @@ bool DCharacter::HasFeature(DFeatureType type, int data, int arrayType) const {
     return false;
 }
 
+void DCharacter::AddFeature(DChosenFeature* feature, int arrayType) {
+    if (feature && arrayType >= 0 && arrayType < kFeatureArrayCount)
+        mFeatureArray[arrayType].Add(feature);
+}
+
+bool DCharacter::RemoveFeature(DChosenFeature* feature, int arrayType) {
+    if (arrayType < 0 || arrayType >= kFeatureArrayCount)
+        return false;
+    return mFeatureArray[arrayType].Remove(feature);
+}
+
+DChosenFeature* DCharacter::GetFeatureInGroup(DFeatureGroupType group, int arrayType) const {
+    if (arrayType < 0 || arrayType >= kFeatureArrayCount)
+        return nullptr;
+    for (DChosenFeature* feature : mFeatureArray[arrayType]) {
+        if (feature->GetFeatureGroup() == group)
+            return feature;
+    }
+    return nullptr;
+}
+
+bool DCharacter::HasFeatureWithId(const QUuid& feature, int arrayType) const {
+    if (arrayType < 0 || arrayType >= kFeatureArrayCount)
+        return false;
+    for (const DChosenFeature* held : mFeatureArray[arrayType]) {
+        if (held->GetFeatureGuid() == feature)
+            return true;
+    }
+    return false;
+}
+
+bool DCharacter::HasFeatureWithType(DFeatureType type, const QUuid& data, int arrayType) const {
+    if (arrayType < 0 || arrayType >= kFeatureArrayCount)
+        return false;
+    for (const DChosenFeature* held : mFeatureArray[arrayType]) {
+        if (held->GetFeatureType() == type && held->GetFeatureDataGuid() == data)
+            return true;
+    }
+    return false;
+}
+
 void DCharacter::PrepareForLevelUp() {
     for (DCharacterClass* characterClass : mClassList)
         characterClass->PrepareForLevelUp();
@@ -577,6 +620,70 @@ void DCharacter::RemoveAllItems() {
 
 DChosenItem* DCharacter::GetEquipment(int slot) const {
     return slot >= 0 && slot < kEquipSlotCount ? mEquipment[slot] : nullptr;
+}
+
+DChosenItem* DCharacter::AddItemWithInfo(DItemInfo* info) {
+    auto* item = new DChosenItem(-1, info);
+    AddChosenItem(item);
+    item->Release();
+    return item;
+}
+
+DChosenItem* DCharacter::AddCopyOfItem(const DItem& item) {
+    auto* copy = new DChosenItem(item);
+    AddChosenItem(copy);
+    copy->Release();
+    return copy;
+}
+
+void DCharacter::EquipItem(DChosenItem* item) {
+    if (!item)
+        return;
+    switch (item->GetBaseItemType()) {
+    case kItemArmor:
+        mEquipment[0] = item;
+        item->SetItemLocation(DChosenItem::kLocationArmor);
+        break;
+    case kItemShield: {
+        const int slot = mEquipment[1] && mEquipment[1] != item ? 2 : 1;
+        if (mEquipment[slot] && mEquipment[slot] != item)
+            mEquipment[slot]->SetItemLocation(DChosenItem::kLocationNone);
+        mEquipment[slot] = item;
+        item->SetItemLocation(slot == 1 ? DChosenItem::kLocationFirstShield
+                                        : DChosenItem::kLocationSecondShield);
+        break;
+    }
+    default:
+        item->SetItemLocation(DChosenItem::kLocationEquipped);
+        break;
+    }
+}
+
+void DCharacter::UnEquipItem(DChosenItem* item) {
+    if (!item)
+        return;
+    for (DChosenItem*& slot : mEquipment) {
+        if (slot == item)
+            slot = nullptr;
+    }
+    item->SetItemLocation(DChosenItem::kLocationNone);
+}
+
+DChosenItem* DCharacter::GetItemWithTypeAndInfoId(int itemType, const QUuid& infoGuid) const {
+    for (const auto& [id, item] : mItemMap) {
+        const DItemInfo* info = item->GetItemInfo();
+        if (info && info->GetItemType() == itemType && info->GetItemGuid() == infoGuid)
+            return item;
+    }
+    return nullptr;
+}
+
+DMagicBonus* DCharacter::FindMagicBonus(const DMagicBonus& bonus) const {
+    for (DMagicBonus* stored : mMagicBonusArray) {
+        if (stored->GetSourceItemType() == bonus.GetSourceItemType() && *stored == bonus)
+            return stored;
+    }
+    return nullptr;
 }
 
 FCPointerArray<DChosenFeature>& DCharacter::GetFeatureArray(int arrayType) {

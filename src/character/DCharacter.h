@@ -201,6 +201,18 @@ public:
     void RemoveAllItems();
     DCurrency& GetInventoryValue() { return mInventoryValue; }
     DChosenItem* GetEquipment(int slot) const;
+    // A new inventory item holding `info` (retained); the character owns it.
+    DChosenItem* AddItemWithInfo(DItemInfo* info);
+    // A copy of `item` filed in the inventory, not equipped.
+    DChosenItem* AddCopyOfItem(const DItem& item);
+    // Armor to the armor slot, a shield to the first free shield slot (the second when both
+    // are taken), anything else is marked equipped.
+    void EquipItem(DChosenItem* item);
+    void UnEquipItem(DChosenItem* item);
+    // The first inventory item of that item type made from the rule row `infoGuid`.
+    DChosenItem* GetItemWithTypeAndInfoId(int itemType, const QUuid& infoGuid) const;
+    // The stored bonus with the same source, type, modify type, bonus and target.
+    DMagicBonus* FindMagicBonus(const DMagicBonus& bonus) const;
     // 1 while armor is worn (slot 0), else 0.
     int GetArmorCount() const { return mEquipment[0] ? 1 : 0; }
     FCPointerArray<DMagicBonus>& GetMagicBonusArray() { return mMagicBonusArray; }
@@ -213,6 +225,14 @@ public:
     FCPointerArray<DChosenFeature>& GetFeatureArray(int arrayType);
     // A feature of that type whose data is `data` in the array; false for an array out of range.
     bool HasFeature(DFeatureType type, int data, int arrayType) const;
+    // The array retains `feature`; an array out of range takes nothing.
+    void AddFeature(DChosenFeature* feature, int arrayType);
+    bool RemoveFeature(DChosenFeature* feature, int arrayType);
+    // The first feature of the group in the array, or null.
+    DChosenFeature* GetFeatureInGroup(DFeatureGroupType group, int arrayType) const;
+    bool HasFeatureWithId(const QUuid& feature, int arrayType) const;
+    // A feature of that type whose data is the GUID `data`.
+    bool HasFeatureWithType(DFeatureType type, const QUuid& data, int arrayType) const;
     const QUuid& GetGod() const { return mGod; }
     void SetGod(const QUuid& god) { mGod = god; }
     bool HasPickedGod() const { return !mGod.isNull(); }

@@ -41,6 +41,8 @@ public:
         kFlagAnimalCompanion = 0x8,
         kFlagUndeadCompanion = 0x10,
         kFlagShadowCompanion = 0x20,
+        // Medium or heavy armor and load do not slow the creature's land speed.
+        kFlagSteadySpeed = 0x40,
         kFlagLightArmorProf = 0x800000,
         kFlagMediumArmorProf = 0x1000000,
         kFlagHeavyArmorProf = 0x2000000,

@@ -3,12 +3,22 @@
 #include "DArmorShieldBaseInfo.h"
 #include "DCoinData.h"
 #include "DCustomMagicItemInfo.h"
+#include "DDatabase.h"
 #include "DItemArchive.h"
 #include "DItemInfo.h"
+#include "DMagicSpecialAbility.h"
+#include "DPotionInfo.h"
 #include "DScrollInfo.h"
+#include "DSizeInfo.h"
+#include "DStaffInfo.h"
+#include "DWandInfo.h"
 #include "DWeaponInfo.h"
 #include "DWondrousInfo.h"
 #include "FCArchive.h"
+#include "Guid.h"
+#include "ResultSet.h"
+
+#include <QStringList>
 
 FC_IMPLEMENT_CLASS(DItem, "FCObject", nullptr)
 
@@ -214,4 +224,162 @@ int DItem::GetSubItemCount() const {
     if (const auto* custom = FCDynamicCast<DCustomMagicItemInfo>(mItemInfo))
         return custom->GetSpecialAbilityCount();
     return 0;
+}
+
+namespace {
+
+constexpr int kTableSpell = 37;
+constexpr int kTableArmorAbilities = 61;
+constexpr int kTableWeaponAbilities = 71;
+
+QString NameById(int table, int id) {
+    QString name;
+    DDatabase::FirstRow(QString::asprintf("SELECT Name FROM %s WHERE (Id=%d)",
+                                          DDatabase::GetTableName(table).toLatin1().constData(),
+                                          id),
+                        [&name](odbc::ResultSet* row) { name = row->getString(1); });
+    return name;
+}
+
+QString SpellName(const QUuid& spell) {
+    QString name;
+    if (spell.isNull())
+        return name;
+    DDatabase::FirstRow(
+        QString::asprintf("SELECT Name FROM %s WHERE (Guid=%s)",
+                          DDatabase::GetTableName(kTableSpell).toLatin1().constData(),
+                          odbc::toStringODBC(spell).toLatin1().constData()),
+        [&name](odbc::ResultSet* row) { name = row->getString(1); });
+    return name;
+}
+
+QString SignedText(int value) {
+    return value < 0 ? QString::number(value) : QStringLiteral("+%1").arg(value);
+}
+
+QString CustomText(const DCustomMagicItemInfo& custom, const QString& cursedPrefix) {
+    QString text;
+    if (!custom.HasCustomFlag(DCustomMagicItemInfo::kCustomFlagSpecific)) {
+        text = SignedText(custom.GetBonus());
+        if (custom.GetSecondBonus() > 0)
+            text += QLatin1Char('/') + SignedText(custom.GetSecondBonus());
+        text += QLatin1Char(' ');
+    }
+    if (custom.GetBonus() < 0 && !custom.GetCursedData())
+        text += QStringLiteral("Cursed ");
+    text += cursedPrefix;
+    if (const DItemInfo* base = custom.GetBaseItemInfo())
+        text += QString(base->GetItemName());
+    return text;
+}
+
+// The text of a magic item: its intelligence and curse, its kind when asked, and its name.
+QString MagicText(const DMagicItemInfo& magic, bool withPrefix) {
+    QString flags;
+    if (magic.GetIntelligentData())
+        flags += QStringLiteral("Intelligent ");
+    if (magic.GetCursedData())
+        flags += QStringLiteral("Cursed ");
+    if (const auto* custom = FCDynamicCast<DCustomMagicItemInfo>(&magic))
+        return CustomText(*custom, flags);
+    const QString name = magic.GetItemName();
+    auto prefixed = [&](const char* prefix) {
+        return flags + (withPrefix ? QLatin1String(prefix) : QLatin1String()) + name;
+    };
+    switch (magic.GetItemType()) {
+    case kItemPotion: {
+        const auto& potion = static_cast<const DPotionInfo&>(magic);
+        QString text = flags + (withPrefix ? QStringLiteral("Potion: ") : QString()) +
+                       (potion.GetItemGuid().isNull() ? SpellName(potion.GetSpellGuid()) : name);
+        if (potion.GetCasterLevel() > 0)
+            text += QStringLiteral(" (%1)").arg(potion.GetCasterLevel());
+        return text;
+    }
+    case kItemRing:
+        return prefixed("Ring: ");
+    case kItemRod:
+        return prefixed("Rod: ");
+    case kItemScroll:
+        return flags + (withPrefix ? QStringLiteral("Scroll: ") : QString());
+    case kItemStaff: {
+        QString text = prefixed("Staff: ");
+        if (const qint32 charges = static_cast<const DStaffInfo&>(magic).GetCharges(); charges > 0)
+            text += QStringLiteral(" (Charges: %1)").arg(charges);
+        return text;
+    }
+    case kItemWand: {
+        const auto& wand = static_cast<const DWandInfo&>(magic);
+        const QString spell = SpellName(wand.GetSpellGuid());
+        QString text = flags + (withPrefix ? QStringLiteral("Wand of ") : QString()) + spell;
+        if (!spell.isEmpty() && wand.GetCasterLevel() > 0)
+            text += QStringLiteral(" (%1)").arg(wand.GetCasterLevel());
+        if (!spell.isEmpty() && wand.GetCharges() > 0)
+            text += QStringLiteral(" (Charges: %1)").arg(wand.GetCharges());
+        return text;
+    }
+    case kItemWondrous:
+        return prefixed("Wondrous: ");
+    default:
+        return flags + name;
+    }
+}
+
+} // namespace
+
+QString DItem::GetSubItemDescription(int index) const {
+    const auto* custom = FCDynamicCast<DCustomMagicItemInfo>(mItemInfo);
+    const DMagicSpecialAbility* ability = custom ? custom->GetSpecialAbility(index) : nullptr;
+    if (!ability)
+        return QString();
+    const int base = GetBaseItemType();
+    if (base == kItemWeapon)
+        return NameById(kTableWeaponAbilities, ability->GetType());
+    if (base == kItemArmor || base == kItemShield)
+        return NameById(kTableArmorAbilities, ability->GetType());
+    return QString();
+}
+
+QString DItem::GetItemPrintName(bool withPrefix) const {
+    if (!mItemInfo)
+        return QString();
+    QString text;
+    bool plain = false;
+    if (const auto* magic = FCDynamicCast<DMagicItemInfo>(mItemInfo)) {
+        text = MagicText(*magic, withPrefix);
+    } else if (mItemInfo->GetItemType() == kItemCoins) {
+        text = DCurrency::BuildCoinString(mItemInfo->GetCost(), mItemInfo->GetCostCoinType());
+    } else {
+        text = mItemInfo->GetItemName();
+        plain = true;
+    }
+    if (HasItemFlag(kItemFlagShowSize)) {
+        if (const DSizeInfo* size = DDatabase::GetSizeInfo(mItemInfo->GetSizeType()))
+            text += QStringLiteral(" (%1)").arg(QString(size->GetSizeName()));
+    }
+    if (plain && HasItemFlag(kItemFlagMasterwork))
+        text += QStringLiteral(", Masterwork");
+    if (mCount > 1)
+        text += QStringLiteral(" (%1)").arg(mCount);
+    return text;
+}
+
+QString DItem::GetItemPrintDescription(bool withPrefix) const {
+    QString text = GetItemPrintName(withPrefix);
+    QStringList subItems;
+    for (int i = 0; i < GetSubItemCount(); ++i) {
+        const QString sub = GetSubItemDescription(i);
+        if (!sub.isEmpty())
+            subItems << sub;
+    }
+    if (!subItems.isEmpty())
+        text += QStringLiteral(": ") + subItems.join(QStringLiteral(", "));
+    return text;
+}
+
+QString DItem::GetCostDescription() const {
+    if (GetIsCursedItemWithNoCost())
+        return QStringLiteral("---");
+    DCurrency cost;
+    GetMarketCost(cost);
+    return cost.GetCostDescription();
 }

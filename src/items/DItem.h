@@ -95,6 +95,18 @@ public:
 
     // Spells of a scroll, targets of a wondrous item, abilities of a custom magic item; else 0.
     int GetSubItemCount() const;
+    // The special ability names of a custom magic item; empty for anything else.
+    QString GetSubItemDescription(int index) const;
+
+    // The line of an inventory list: "+1 Longsword", "Ring: Protection +1", "Chainmail,
+    // Masterwork", "Arrows (20) (2)". With `withPrefix` false magic items leave out their
+    // kind ("Protection +1").
+    QString GetItemPrintName(bool withPrefix) const;
+    QString GetItemDescription() const { return GetItemPrintName(true); }
+    // The print name and the sub-items: "+1 Longsword: Flaming, Keen".
+    QString GetItemPrintDescription(bool withPrefix) const;
+    // "---" for a cursed item sold for nothing, else the market cost in coins.
+    QString GetCostDescription() const;
 
 private:
     DItemInfo* mItemInfo = nullptr;

@@ -4,17 +4,38 @@
 #include "DCharacterTypes.h"
 #include "DFeatPointValues.h"
 #include "DFeatPrereq.h"
+#include "DItemValues.h"
 #include "DRulesTypes.h"
 #include "DSkillPointValues.h"
 #include "FCArray.h"
 #include "FCString.h"
 
+#include <QList>
+#include <QString>
+#include <QStringList>
 #include <QUuid>
 
+#include <vector>
+
+class DAdjChosenSpeed;
 class DCharRaceBase;
 class DCharacter;
 class DCharacterClass;
 class DChosenFeat;
+class DChosenFeature;
+class DChosenItem;
+class DCoinData;
+class DCurrency;
+class DCustomMagicItemInfo;
+class DItem;
+class DItemInfo;
+class DMagicBonus;
+class DMagicItemInfo;
+class DOffenseItem;
+class DSpell;
+class DWeaponInfo;
+struct DWeaponDamageValues;
+struct DWeaponCritValues;
 class DChosenSkill;
 class DChosenSpell;
 class DSpellCaster;
@@ -263,6 +284,156 @@ public:
     static QString BuildRemainingSpellsPerDayString(const DSpellCaster* caster, int level);
     static QString BuildSpellsCanKnowString(const DSpellCaster* caster, int level);
     static QString BuildRemainingSpellsCanKnowString(const DSpellCaster* caster, int level);
+
+    // --- Class features and prerequisites -----------------------------------------------------
+    // Features of the levels each class gained since the last pass, falls and atonements.
+    static void AddAutoFeatures(DCharacter* character, bool isNew);
+    static void AddAutoFeaturesForClass(DCharacter* character, DCharacterClass* characterClass);
+    // Feature rows of `sql` (columns FeatureId, Data and, with hasDataGuid, DataGuid) into the
+    // array; a later feature of a group takes the place of the earlier one.
+    static void AddAutoFeatures(DCharacter* character, const QString& sql,
+                                DCharacterClass* characterClass, int arrayType, bool hasDataGuid);
+    static void AddBlackguardFallenPaladinFeatures(DCharacter* character, DCharacterClass* paladin,
+                                                   int level);
+    static void RemoveAutoFeaturesForClass(DCharacter* character, DCharacterClass* characterClass);
+    static void RemoveAutoFeaturesInGroup(DCharacter* character, DCharacterClass* characterClass,
+                                          DFeatureGroupType group);
+    // Takes back the features of class levels above `newLevel` up to `oldLevel`: a feature of a
+    // group falls back to the one it replaced.
+    static void RemoveAutoFeaturesAboveLevel(DCharacter* character, const QUuid& classGuid,
+                                             int oldLevel, int newLevel);
+    static void ComputeAndSetClassBonusFeatures(DCharacter* character,
+                                                DCharacterClass* characterClass);
+    static void AddChosenFeature(DCharacter* character, DCharacterClass* characterClass,
+                                 DChosenFeature* feature);
+    static void RemoveChosenFeature(DCharacter* character, DCharacterClass* characterClass,
+                                    DChosenFeature* feature);
+    static void AdjustCharacterForFeature(DCharacter* character, DChosenFeature* feature,
+                                          bool remove);
+    // The feature as the player reads it: "Sneak attack +3d6 (Rogue)", "Favored enemy (Undead)".
+    static QString BuildFeatureName(const DChosenFeature* feature);
+    // The picked group a class offers (13 rogue, 14 ranger, 15 bard, 24 loremaster), or -1.
+    static DFeatureGroupType GetPickedFeatureGroup(const QUuid& classGuid);
+    // What the class's picker offers, each offer disabled where the rules say so.
+    static void GetFeatureOffers(DCharacter* character, DCharacterClass* characterClass,
+                                 std::vector<DFeatureOffer>& offers);
+    static bool DoesCharacterMeetClassPrereqs(DCharacter* character, const QUuid& classGuid);
+    static bool DoesCharacterMeetClassPrereqs1(DCharacter*, const QUuid&) { return true; }
+    static bool DoesCharacterMeetClassPrereqs2(DCharacter*, const QUuid&) { return true; }
+    static bool DoesCharacterMeetClassPrereqs3(DCharacter*, const QUuid&) { return true; }
+    // Every requirement of the class that the character fails, as the player reads it; empty
+    // when the class may be taken.
+    static QStringList GetFailingClassPrereqs(DCharacter* character, const QUuid& classGuid);
+    // Whether the rules data holds the class's entry requirements: rows, or a hard-wired test.
+    static bool HasClassPrereqData(const QUuid& classGuid);
+    static int GetSpellSchoolCount(DCharacter* character, int& maxLevel);
+    static int GetMaxSpellLevelForSchool(DCharacter* character, int school);
+    static int GetMaxSpellLevelForClassAndSchool(const QUuid& classGuid, int school);
+    static int GetMaxSpellLevelForCasterType(DCharacter* character, int casterType);
+    // The monk's unarmored speed for a speed of type 1 or 3; any other speed as it stands.
+    static int ComputeMonkUnarmoredSpeed(DCharacter* character, DAdjChosenSpeed* speed);
+    // --- Items: prices and weights -------------------------------------------------------------
+    // A new info of the class for an item type filled from its table; one reference for the
+    // caller, null for a type without rows.
+    static DItemInfo* BuildItemInfo(int itemType, const QUuid& guid);
+    // List price of a mundane item at `size` (-1: as listed); flags bit 0 is masterwork.
+    static void ComputeItemCost(DItemInfo* info, DCharacter* forCharacter, unsigned flags, int size,
+                                DCoinData& out);
+    static float ComputeItemWeight(DItemInfo* info, DCharacter* forCharacter, int size);
+    static void ComputeCustomMagicItemCost(DCustomMagicItemInfo* item, int size, DCoinData* out);
+    static void ComputeMagicItemCost(DMagicItemInfo* item, DCoinData* out);
+    // One row of a bonus price table; count 0 beyond the table.
+    static void GetMagicBonusCostFromTable(int itemType, int bonus, int table, DCoinData* out);
+    static void ComputeMagicSpellItemCost(int itemType, int spellLevel, int casterLevel,
+                                          DCoinData* out);
+    static void ComputeSpellCost(DSpell* spell, DCoinData* out);
+    // -1 when the class never casts that spell level.
+    static int GetMinCasterLevel(const QUuid& classId, int spellLevel);
+    static int GetMaxSpellLevelCanCast(const QUuid& classId);
+    static bool CanMagicItemTypeBeIntelligent(int magicType);
+    static int GetItemTypeForMagicType(int magicType);
+    static QString BuildCoinString(int count, int coinType);
+    static QString BuildTreasureString(int treasureType, int percent);
+
+    // --- Equipment and encumbrance --------------------------------------------------------------
+    static DChosenItem* AddItemWithInfoToCharacter(DCharacter* character, DItemInfo* info,
+                                                   unsigned flags, int size, bool isFree);
+    static DChosenItem* AddCopyOfItemToCharacter(DCharacter* character, DItem* item, int size,
+                                                 bool isFree);
+    // Files `item` (retained) in the inventory.
+    static void AddChosenItemToCharacter(DCharacter* character, DChosenItem* item, bool isFree);
+    // A private clone of `info` at `size`, or null when no change is needed.
+    static DItemInfo* CreateSizeAdjustedItem(DCharacter* character, DItemInfo* info, int size);
+    static void AdjustItemInfoSize(DCharacter* character, DItemInfo* info, int size);
+    static void RemoveItem(DCharacter* character, DChosenItem* item, bool isFree,
+                           bool updateCharacter);
+    static void RemoveAllItems(DCharacter* character, bool isFree);
+    static void AddCharacterMoney(DCharacter* character, const DCurrency& amount);
+    static void RemoveCharacterMoney(DCharacter* character, const DCurrency& amount);
+    static void ToggleItemCarryingStatus(DCharacter* character, DChosenItem* item, bool update);
+    static void EquipItem(DCharacter* character, DChosenItem* item, bool update);
+    static void UnEquipItem(DCharacter* character, DChosenItem* item, bool update);
+    static bool CanCharacterEquipMagicItem(DCharacter* character, DChosenItem* item);
+    static int GetMagicItemSubTypeLimit(int subType);
+    static void HandleEquipBonuses(DCharacter* character, DChosenItem* item, bool apply);
+    // The stacking rule: of bonuses of one kind only the highest counts.
+    static void HandleMagicBonus(DCharacter* character, DMagicBonus* bonus, bool apply);
+    static void ApplyMagicBonus(DCharacter* character, DMagicBonus* bonus, bool apply);
+    static void ComputeCarryingCapcity(int strength, int size, DCarryInfo& out);
+    static int ComputeCharacterLoad(DCharacter* character);
+    static void ComputeAndSetCharacterEncumberance(DCharacter* character);
+    static bool IsCharacterProfWithArmor(DCharacter* character, const QUuid& armor);
+    static bool IsCharacterProfWithShield(DCharacter* character, const QUuid& shield);
+    static bool IsCharacterWearingArmor(DCharacter* character);
+    static bool IsCharacterWearingProfArmor(DCharacter* character);
+    static int GetArmorWeightType(DCharacter* character);
+    static void ComputeAndSetAdjustedSpeed(DCharacter* character, int load, DItemInfo* armor);
+    static int ComputeArmorSpeed(int speed, float multiplier);
+    static int ComputeLoadSpeed(int speed, float multiplier) {
+        return ComputeArmorSpeed(speed, multiplier);
+    }
+    // Arcane spell failure of worn armor and shields together, in percent.
+    static int GetArcaneSpellFailure(DCharacter* character);
+    static void GetArmorShieldValues(DItem* item, DArmorShieldValues& out);
+
+    // --- Offense ------------------------------------------------------------------------------
+    static void SetupUnarmedAttack(DCharacter* character);
+    static void SetDamageValuesForUnarmedMonk(DCharacter* character, DWeaponDamageValues& values);
+    static QString BuildWeaponDamageString(const DWeaponDamageValues& values, bool bothHeads,
+                                           int bonus);
+    static QString BuildSimpleWeaponDamageString(int count1, int die1, int count2, int die2);
+    static QString BuildOffenseDamageString(DCharacter* character, const DOffenseItem& offense);
+    static QString BuildBonusDamageString(DCharacter* character, DItem* item);
+    static QString BuildWeaponCriticalString(DCharacter* character, const QUuid& weapon,
+                                             const DWeaponCritValues& values, bool bothHeads);
+    static QString BuildSimpleWeaponCriticalString(int min, int mult1, int mult2, bool bothHeads);
+    static QString BuildWeaponRangeString(DCharacter* character, int range);
+    static void GetDamageChange(DWeaponDamageValues& values, int fromSize, int toSize);
+    static bool GetDamageChange(int count, int die, int& newCount, int& newDie, bool up);
+    static int GetSizeAdjustedArmorBonus(int bonus, int size);
+    // Allowed offense flags (one hand 1, two hands 2, double 4) for the wielder's size.
+    static int GetCharacterWeaponUses(DCharacter* character, const DWeaponInfo* weapon);
+    static bool IsWeaponLight(DCharacter* character, const DWeaponInfo* weapon);
+    static bool CanFinesseWeapon(DCharacter* character, const DWeaponInfo* weapon);
+    static bool IsCharacterProfWithWeapon(DCharacter* character, const DWeaponInfo* weapon);
+    static bool DoesCharacterHaveFeatForOffense(DCharacter* character, const QUuid& feat,
+                                                const DOffenseItem& offense);
+    static void GetAttackValues(DCharacter* character, int rangeType, DAttackValues& values);
+    static void GetAttackValues(DCharacter* character, int type, int id, int rangeType,
+                                DAttackValues& values);
+    // The attack total of one weapon or natural attack, its parts in `values`.
+    static int GetOffenseBonus(DCharacter* character, const DOffenseItem& offense,
+                               DOffenseBonusValues& values, bool secondHead);
+    static QString BuildOffenseBonusString(DCharacter* character, const DOffenseItem& offense);
+    static int GetWeaponDamageModifier(DCharacter* character, const DOffenseItem& offense);
+    // "+11/+6/+1": the total with the iterative attacks of the base attack.
+    static QString BuildAttackString(DCharacter* character, int rangeType, bool shortSteps);
+    // The iterative bonuses that follow `total` for a base attack of `baseAttack`.
+    static QList<int> BuildIterativeBonuses(int total, int baseAttack, bool shortSteps);
+    static DOffenseLine BuildOffenseLine(DCharacter* character, const DOffenseItem& offense);
+    // Every weapon and natural attack of the offense groups in order; the unarmed strike when
+    // there is nothing else.
+    static QList<DOffenseLine> BuildOffenseLines(DCharacter* character);
 
     // --- Character setup and level-up ---------------------------------------------------------
     // Binds the race that `raceFile` names and makes history entry 0 the race's entry. Nothing

@@ -230,7 +230,10 @@ bool DHandBook::RemoveCharacterLevel(DCharacter* character, bool notify) {
                                             int(removed->GetLevel()));
         }
         if (DCharacterClass* characterClass = character->GetClassPointer(classGuid)) {
-            characterClass->SetLevel(characterClass->GetLevel() - removed->GetLevel());
+            const float oldLevel = characterClass->GetLevel();
+            characterClass->SetLevel(oldLevel - removed->GetLevel());
+            RemoveAutoFeaturesAboveLevel(character, classGuid, int(oldLevel),
+                                         int(characterClass->GetLevel()));
             if (characterClass->GetLevel() <= 0.0f)
                 character->GetClassList().Remove(characterClass);
         }

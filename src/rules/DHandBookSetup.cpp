@@ -30,21 +30,7 @@ void AdvanceCharacter(DCharacter*) {
 
 // ComputeAndSetSpellData is DHandBook's own (DHandBookSpells.cpp): the passes call it directly.
 
-void ComputeAndSetCharacterEncumberance(DCharacter* character) {
-    // Load, speed and armor statistics (ComputeAndSetCharacterEncumberance) come with the
-    // equipment work. Until then nothing is worn or carried, so nothing limits Dexterity, and
-    // armor class is worked out here as that step ends.
-    character->SetCharacterStat(kStatMaxDexterityBonus, -1);
-    DHandBook::ComputeAndSetArmorClass(character);
-}
-
-void AddAutoFeatures(DCharacter*, bool /*isNew*/) {
-    // Class features of the new levels (AddAutoFeatures) come with the class feature work.
-}
-
-void SetupUnarmedAttack(DCharacter*) {
-    // The unarmed attack (SetupUnarmedAttack) comes with the offense work.
-}
+// AddAutoFeatures is DHandBook's own (DHandBookFeatures.cpp): the passes call it directly.
 
 void UpdateAnimals(DCharacter*) {
     // Companions that follow their master's level (UpdateAnimals) come with the companion work.

@@ -16,7 +16,6 @@
 #include "DSkillInfo.h"
 #include "ResultSet.h"
 
-
 #include <algorithm>
 #include <iterator>
 #include <map>

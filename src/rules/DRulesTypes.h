@@ -3,6 +3,11 @@
 // Index and value types of the rules engine. The numbers are stored in files or name rows of
 // the rules database, so they never move.
 
+#include "DCharacterTypes.h"
+
+#include <QString>
+#include <QUuid>
+
 // The six abilities, in the order of every per-ability array of the character.
 enum DAbilityStatType : int {
     kAbilityStrength = 0,
@@ -75,4 +80,17 @@ struct DSavingThrowValues {
     int feature = 0;
     int user = 0;
     int Total() const { return base + ability + race + feat + magic + familiar + feature + user; }
+};
+
+// One item a class's feature picker offers: a feature of a picked group with its data.
+struct DFeatureOffer {
+    QUuid feature;
+    QString name;
+    DFeatureGroupType group = 0;
+    DFeatureType type = 0;
+    int data = -1;
+    QUuid dataGuid;
+    // The Loremaster's list shows the level a secret needs.
+    int level = 0;
+    bool enabled = true;
 };

@@ -132,7 +132,8 @@ TEST_F(HandWorkedSkillsCli, TotalsPointsAndFeatsMatchTheHandWorkedSheets) {
              {"Search", 0, 5},                 // INT 3 + elf 2
          },
          "Points left: 7 skill, 0 feat, 0 bonus feat", // 40 - 8 - 8 - 8 - 5 - 4
-         {"Empower Spell", "Skill Focus (Spellcraft)", "Spell Focus (Evocation)"},
+         // Scribe Scroll comes with the first wizard level and costs no feat point.
+         {"Empower Spell", "Scribe Scroll", "Skill Focus (Spellcraft)", "Spell Focus (Evocation)"},
          {{{"add-skill", "Listen", "3"}, "Listen would have 5 ranks; the limit is 4"}}},
         // Halfling: STR 8 (-1), DEX 17 (+3); CON +1, INT +1, WIS +0, CHA +2. Small: Hide +4.
         // Rogue (8 + 1) x 4 + 9 + 9 = 54 points at 3rd level, cap 6, all spent; each sorcerer

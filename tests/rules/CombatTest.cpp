@@ -191,6 +191,8 @@ TEST_F(CombatTest, SavesStackClassByClass) {
 
 TEST_F(CombatTest, SavePartsCountOnceEach) {
     Ref<DCharacter> character = Make("Humanoid", 1.0f, {"Paladin", "Paladin"});
+    // Without the class's own divine grace, so that the one added below is the only one.
+    character->GetFeatureArray(0).RemoveAll();
     SetScore(*character, kAbilityConstitution, 12);
     SetScore(*character, kAbilityCharisma, 16);
     character->SetCharacterStat(kStatFeatFortitude, 2);

@@ -43,6 +43,7 @@ const struct {
     {"animal companion", DRace::kFlagAnimalCompanion},
     {"undead companion", DRace::kFlagUndeadCompanion},
     {"shadow companion", DRace::kFlagShadowCompanion},
+    {"steady speed", DRace::kFlagSteadySpeed},
     {"light armor", DRace::kFlagLightArmorProf},
     {"medium armor", DRace::kFlagMediumArmorProf},
     {"heavy armor", DRace::kFlagHeavyArmorProf},

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QUuid>
+
+class CliContext;
+class DCharacter;
+class QJsonObject;
+
+// Class features in "hoard character": the list in a character's description, the picks of
+// "add-feature" and the entry requirements a prestige level is checked against.
+class CharacterFeatures {
+public:
+    CharacterFeatures() = delete;
+
+    // "add-feature FILE.chr FEATURE [--class C]": one pick of a rogue, ranger, bard or
+    // loremaster.
+    static int RunAddFeature(CliContext& context, QStringList args);
+    // Why the character may not take its first level of the class; empty when it may.
+    static QString RefuseClassLevel(DCharacter& character, const QUuid& classGuid);
+
+    // Adds "features" to a character's description.
+    static void Describe(const DCharacter& character, QJsonObject& description);
+    static void Print(const QJsonObject& description);
+};

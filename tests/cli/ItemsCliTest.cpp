@@ -1,0 +1,155 @@
+// A player equips a dwarf fighter through the program: every figure worked by hand from the
+// open 3.5 rules (prices from the equipment tables, chainmail +5 armor, -5 check, 30% spell
+// failure, max Dex +2; a heavy steel shield +2, -2, 15%; a longsword 1d8, 19-20).
+#include "CliRunner.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray Bytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+class ItemsCli : public ::testing::Test {
+protected:
+    clitest::CliRun Hoard(const QStringList& args) const {
+        return clitest::runHoard(args, mUser.path());
+    }
+
+    QJsonObject Show(const QString& file) const {
+        const clitest::CliRun shown = Hoard({"--json", "character", "show", file});
+        EXPECT_EQ(shown.status, 0) << shown.err.toStdString();
+        return QJsonDocument::fromJson(shown.out.toUtf8()).object();
+    }
+
+    // A level-5 dwarf fighter with Strength 15 (+2), Dexterity 14 (+2) and 100 gp.
+    QString MakeFighter() const {
+        const QString file = mUser.path() + "/tordek.chr";
+        EXPECT_EQ(Hoard({"character", "new", "--name", "Tordek", "--race", "Dwarf", "--class",
+                         "Fighter", "--level", "5", "-o", file})
+                      .status,
+                  0);
+        EXPECT_EQ(Hoard({"character", "set-ability", file, "STR", "15"}).status, 0);
+        EXPECT_EQ(Hoard({"character", "set-ability", file, "DEX", "14"}).status, 0);
+        return file;
+    }
+
+    QTemporaryDir mUser;
+};
+
+TEST_F(ItemsCli, AFighterBuysArmsAndArmor) {
+    const QString file = MakeFighter();
+    const int startGold = Show(file)["gold"].toInt();
+    for (const QStringList& buy :
+         {QStringList{"Longsword"}, QStringList{"Chainmail"}, QStringList{"Shield, heavy steel"}})
+        ASSERT_EQ(Hoard(QStringList{"character", "add-item", file} + buy +
+                        QStringList{"--buy", "--equip"})
+                      .status,
+                  0)
+            << buy.first().toStdString();
+    QJsonObject shown = Show(file);
+    EXPECT_EQ(shown["gold"].toInt(), startGold - 15 - 150 - 20);
+    // 10 + armor 5 + shield 2 + Dexterity capped at +2.
+    EXPECT_EQ(shown["ac"].toInt(), 19);
+    EXPECT_EQ(shown["armor_check_penalty"].toInt(), -7);
+    EXPECT_EQ(shown["spell_failure"].toInt(), 45);
+    EXPECT_EQ(shown["max_dex"].toInt(), 2);
+    // 59 lb. is a light load for Strength 15, and a dwarf keeps 20 feet in armor.
+    EXPECT_EQ(shown["load"].toString(), QStringLiteral("light"));
+    EXPECT_EQ(shown["speed"].toInt(), 20);
+    const QJsonArray attacks = shown["attacks"].toArray();
+    ASSERT_EQ(attacks.size(), 1);
+    const QJsonObject sword = attacks[0].toObject();
+    EXPECT_EQ(sword["name"].toString(), QStringLiteral("Longsword"));
+    EXPECT_EQ(sword["bonus"].toArray(), QJsonArray({7}));
+    EXPECT_EQ(sword["damage"].toString(), QStringLiteral("1d8+2"));
+    EXPECT_EQ(sword["critical"].toString(), QStringLiteral("19-20/x2"));
+    const clitest::CliRun text = Hoard({"character", "show", file});
+    EXPECT_TRUE(text.out.contains(QStringLiteral("Longsword +7 (1d8+2/19-20)")))
+        << text.out.toStdString();
+
+    // A level later the fighter has a second attack: base attack +6 gives +8/+3.
+    ASSERT_EQ(Hoard({"character", "level-up", file, "--class", "Fighter"}).status, 0);
+    EXPECT_EQ(Show(file)["attacks"].toArray()[0].toObject()["bonus"].toArray(), QJsonArray({8, 3}));
+
+    // Two masterwork daggers for the belt: 302 gp each, 1 lb. each.
+    ASSERT_EQ(
+        Hoard({"character", "add-item", file, "Dagger", "--masterwork", "--count", "2"}).status, 0);
+    bool found = false;
+    for (const QJsonValue value : Show(file)["equipment"].toArray()) {
+        const QJsonObject item = value.toObject();
+        if (item["name"].toString().startsWith(QStringLiteral("Dagger, Masterwork"))) {
+            found = true;
+            EXPECT_EQ(item["count"].toInt(), 2);
+            EXPECT_DOUBLE_EQ(item["cost_gp"].toDouble(), 604.0);
+            EXPECT_DOUBLE_EQ(item["weight"].toDouble(), 2.0);
+            EXPECT_FALSE(item["equipped"].toBool());
+        }
+    }
+    EXPECT_TRUE(found);
+
+    // Taking the shield off frees the hand and the armor class drops by 2.
+    ASSERT_EQ(Hoard({"character", "unequip", file, "Shield, heavy steel"}).status, 0);
+    EXPECT_EQ(Show(file)["ac"].toInt(), 17);
+    ASSERT_EQ(Hoard({"character", "remove-item", file, "Shield, heavy steel", "--sell"}).status, 0);
+    EXPECT_EQ(Show(file)["gold"].toInt(), startGold - 15 - 150);
+}
+
+TEST_F(ItemsCli, RefusalsNameTheReasonAndLeaveTheFile) {
+    const QString file = MakeFighter();
+    ASSERT_EQ(Hoard({"character", "add-item", file, "Greatsword", "--equip"}).status, 0);
+    ASSERT_EQ(Hoard({"character", "add-item", file, "Chainmail", "--equip"}).status, 0);
+    const QByteArray before = Bytes(file);
+    const struct {
+        QStringList args;
+        const char* reason;
+    } cases[] = {
+        {{"Longsword", "--enhancement", "5", "--buy"}, "missing"},
+        {{"Breastplate", "--equip"}, "already wears Chainmail"},
+        {{"Dagger", "--equip"}, "no free hand"},
+        {{"Longsword", "--enhancement", "6"}, "+1 to +5"},
+        {{"Longsword", "--enhancement", "5", "--ability", "Vorpal", "--ability", "Holy"},
+         "above the +10"},
+        {{"Longswrd"}, "closest: Longsword"},
+        {{"Longsword", "--enhancement", "1", "--ability", "Flamming"}, "closest: Flaming"},
+        {{"Cure light wounds (potion)", "--masterwork"}, "masterwork form"},
+        {{"Longsword", "--count", "0"}, "--count"},
+    };
+    for (const auto& c : cases) {
+        const clitest::CliRun run = Hoard(QStringList{"character", "add-item", file} + c.args);
+        EXPECT_EQ(run.status, 1) << c.args.join(' ').toStdString();
+        EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(QLatin1String(c.reason))) << run.err.toStdString();
+        EXPECT_EQ(Bytes(file), before) << c.args.join(' ').toStdString();
+    }
+    const clitest::CliRun unknown = Hoard({"character", "equip", file, "Rapier"});
+    EXPECT_EQ(unknown.status, 1);
+    EXPECT_EQ(Bytes(file), before);
+}
+
+TEST_F(ItemsCli, TheCatalogueListsPriceAndWeight) {
+    const clitest::CliRun run = Hoard({"--json", "items", "--kind", "armor", "chainmail"});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    bool found = false;
+    for (const QJsonValue value : QJsonDocument::fromJson(run.out.toUtf8()).array()) {
+        const QJsonObject item = value.toObject();
+        EXPECT_EQ(item["kind"].toString(), QStringLiteral("armor"));
+        if (item["name"].toString() == QLatin1String("Chainmail")) {
+            found = true;
+            EXPECT_DOUBLE_EQ(item["cost_gp"].toDouble(), 150.0);
+            EXPECT_DOUBLE_EQ(item["weight"].toDouble(), 40.0);
+        }
+    }
+    EXPECT_TRUE(found);
+    EXPECT_EQ(Hoard({"items", "--kind", "spaceship"}).status, 1);
+}
+
+} // namespace

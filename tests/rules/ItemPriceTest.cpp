@@ -1,0 +1,157 @@
+// Prices and money worked by hand from the open 3.5 rules: a potion costs 50 gp x spell level x
+// caster level, a scroll 25, a wand 750 (half for a 0-level spell), magic arms and armor pay the
+// bonus table on top of a masterwork item, and coins trade ten to one.
+#include "ItemsTestSupport.h"
+
+#include "DCoinData.h"
+#include "DCurrency.h"
+#include "DPotionInfo.h"
+#include "DStaffInfo.h"
+#include "DWandInfo.h"
+
+namespace {
+
+using rulestest::Ref;
+
+class ItemPriceTest : public rulestest::ItemsFixture {};
+
+TEST_F(ItemPriceTest, SpellItemsFollowTheirFormula) {
+    struct Case {
+        int itemType;
+        int spellLevel;
+        int casterLevel;
+        int charges; // wands only
+        int gold;
+    };
+    const Case cases[] = {
+        {kItemPotion, 0, 1, 0, 25},  {kItemScroll, 0, 1, 0, 12}, {kItemPotion, 3, 5, 0, 750},
+        {kItemScroll, 2, 3, 0, 150}, {kItemWand, 0, 1, 50, 375}, {kItemWand, 3, 5, 50, 11250},
+        {kItemWand, 3, 5, 25, 5625}, {kItemWand, 1, 1, 10, 150},
+    };
+    for (const Case& c : cases) {
+        DCoinData price;
+        if (c.itemType == kItemWand) {
+            Ref<DWandInfo> wand(new DWandInfo);
+            wand->SetSpellLevel(c.spellLevel);
+            wand->SetCasterLevel(c.casterLevel);
+            wand->SetCharges(c.charges);
+            DHandBook::ComputeMagicItemCost(wand.get(), &price);
+        } else if (c.itemType == kItemPotion) {
+            Ref<DPotionInfo> potion(new DPotionInfo);
+            potion->SetSpellLevel(c.spellLevel);
+            potion->SetCasterLevel(c.casterLevel);
+            DHandBook::ComputeMagicItemCost(potion.get(), &price);
+        } else {
+            DHandBook::ComputeMagicSpellItemCost(c.itemType, c.spellLevel, c.casterLevel, &price);
+        }
+        EXPECT_EQ(price.GetCoinCount(), c.gold) << c.itemType << " " << c.spellLevel;
+        EXPECT_EQ(price.GetCoinType(), 2);
+    }
+    // A staff row prices a full staff of 50 charges.
+    Ref<DItemInfo> staff = Info(kItemStaff, QStringLiteral("Fire"));
+    DCoinData full, half;
+    DHandBook::ComputeMagicItemCost(static_cast<DStaffInfo*>(staff.get()), &full);
+    static_cast<DStaffInfo*>(staff.get())->SetCharges(25);
+    DHandBook::ComputeMagicItemCost(static_cast<DStaffInfo*>(staff.get()), &half);
+    EXPECT_EQ(full.GetCoinCount(), 17750);
+    EXPECT_EQ(half.GetCoinCount(), 8875);
+}
+
+TEST_F(ItemPriceTest, ArmsAndArmorAtSizeMasterworkAndMagic) {
+    Ref<DItemInfo> longsword = Info(kItemWeapon, QStringLiteral("Longsword"));
+    Ref<DItemInfo> arrows = Info(kItemWeapon, QStringLiteral("Arrows (20)"));
+    struct Case {
+        DItemInfo* info;
+        unsigned flags;
+        int size;
+        int gold;
+    };
+    // A Large longsword costs twice; a Small one the same; masterwork adds 300 gp, and 6 gp a
+    // piece for ammunition (20 arrows: 120 gp).
+    const Case mundane[] = {{longsword.get(), 0, -1, 15},
+                            {longsword.get(), 0, 5, 30},
+                            {longsword.get(), 0, 3, 15},
+                            {longsword.get(), 1, -1, 315},
+                            {arrows.get(), 1, -1, 121}};
+    for (const Case& c : mundane) {
+        DCoinData price;
+        DHandBook::ComputeItemCost(c.info, nullptr, c.flags, c.size, price);
+        EXPECT_EQ(price.GetCoinCount(), c.gold) << c.size << " " << c.flags;
+    }
+
+    struct Magic {
+        int itemType;
+        QString name;
+        int bonus;
+        int second;
+        int gold;
+    };
+    // +1 longsword 2,315; +1 full plate 2,650; +2 chainmail 4,300; a cursed -2 longsword pays
+    // 300 gp a square of its penalty, rounded to 100: (1,200 + 15 + 50) / 100 x 100.
+    const Magic magic[] = {
+        {kItemWeapon, QStringLiteral("Longsword"), 1, 0, 2315},
+        {kItemArmor, QStringLiteral("Full plate"), 1, 0, 2650},
+        {kItemArmor, QStringLiteral("Chainmail"), 2, 0, 4300},
+        {kItemWeapon, QStringLiteral("Longsword"), -2, 0, 1200},
+    };
+    for (const Magic& m : magic) {
+        Ref<DItemInfo> base = Info(m.itemType, m.name);
+        Ref<DCustomMagicItemInfo> custom(new DCustomMagicItemInfo);
+        custom->SetBaseItemInfo(base.get());
+        custom->SetBonus(m.bonus);
+        custom->SetSecondBonus(m.second);
+        custom->SetCustomFlags(m.bonus > 0 ? 1 : 0);
+        DCoinData price;
+        DHandBook::ComputeCustomMagicItemCost(custom.get(), -1, &price);
+        EXPECT_EQ(price.GetCoinCount(), m.gold) << m.name.toStdString() << " " << m.bonus;
+    }
+    // A bonus beyond the price table costs nothing more.
+    DCoinData beyond;
+    DHandBook::GetMagicBonusCostFromTable(1, 11, 62, &beyond);
+    EXPECT_EQ(beyond.GetCoinCount(), 0);
+}
+
+TEST_F(ItemPriceTest, CoinsTradeTenToOne) {
+    DCurrency balance;
+    balance.SetAmount(0, -1);
+    balance.SetAmount(2, 1);
+    balance.Balance();
+    EXPECT_EQ(balance.GetAmount(0), 9);
+    EXPECT_EQ(balance.GetAmount(1), 9);
+    EXPECT_EQ(balance.GetAmount(2), 0);
+
+    // Gold owed: 200 of the 250 copper pay two, then a platinum is broken for the last.
+    DCurrency owed;
+    owed.SetAmount(0, 250);
+    owed.SetAmount(2, -3);
+    owed.SetAmount(3, 5);
+    owed.MakeCoinTypePositive(2);
+    EXPECT_EQ(owed.GetAmount(0), 50);
+    EXPECT_EQ(owed.GetAmount(2), 9);
+    EXPECT_EQ(owed.GetAmount(3), 4);
+    EXPECT_EQ(owed.GetCopperCost(), 50 + 900 + 4000);
+
+    // Paying 10 gp from 5 gp and 100 sp leaves 50 sp.
+    DCurrency purse, price;
+    purse.SetAmount(2, 5);
+    purse.SetAmount(1, 100);
+    price.SetAmount(2, 10);
+    purse -= price;
+    purse.MakePositive();
+    EXPECT_EQ(purse.GetAmount(2), 0);
+    EXPECT_EQ(purse.GetAmount(1), 50);
+
+    DCurrency mixed;
+    mixed.SetAmount(0, 5);
+    mixed.SetAmount(2, 2);
+    DCoinData primary;
+    mixed.GetPrimaryCoinData(&primary);
+    EXPECT_EQ(primary.GetCoinCount(), 2);
+    EXPECT_EQ(primary.GetCoinType(), 2);
+    EXPECT_EQ(mixed.GetCostDescription(), QStringLiteral("2 gp 5 cp"));
+    EXPECT_EQ(mixed.GetGoldDescription(), QStringLiteral("2+ gp"));
+    EXPECT_EQ(DCurrency().GetCostDescription(), QStringLiteral("0 gp"));
+    EXPECT_EQ(DCurrency::BuildCoinString(3, 7), QStringLiteral("3 Unknown"));
+}
+
+} // namespace
