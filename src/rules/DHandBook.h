@@ -431,8 +431,8 @@ public:
     // The iterative bonuses that follow `total` for a base attack of `baseAttack`.
     static QList<int> BuildIterativeBonuses(int total, int baseAttack, bool shortSteps);
     static DOffenseLine BuildOffenseLine(DCharacter* character, const DOffenseItem& offense);
-    // Every weapon and natural attack of the offense groups in order; the unarmed strike when
-    // there is nothing else.
+    // Every weapon and natural attack of the offense groups in order; for a character with
+    // class levels the unarmed strike when there is nothing else.
     static QList<DOffenseLine> BuildOffenseLines(DCharacter* character);
 
     // --- Character setup and level-up ---------------------------------------------------------
