@@ -128,14 +128,15 @@ int GenerateCommand::Run(CliContext& context, QStringList args) {
 
 int GenerateCommand::RunCharacters(CliContext& context, QStringList args) {
     QString race, className, level, alignment, countText, folder, error;
-    if (!TakeOption(args, "--race", race) || !TakeOption(args, "--class", className) ||
-        !TakeOption(args, "--level", level) || !TakeOption(args, "--alignment", alignment) ||
-        !TakeOption(args, "--count", countText) || !TakeOption(args, "-o", folder))
-        return CliContext::Fail(QStringLiteral("an option is missing its value (see --help)"));
-    if (!RejectUnknownOptions(args, error))
+    if (!TakeOnlyOptions(args,
+                         {{"--race", &race},
+                          {"--class", &className},
+                          {"--level", &level},
+                          {"--alignment", &alignment},
+                          {"--count", &countText},
+                          {"-o", &folder}},
+                         error))
         return CliContext::Fail(error);
-    if (!args.isEmpty())
-        return CliContext::Fail(QStringLiteral("unexpected argument '%1'").arg(args.first()));
     DCharacterGenerator::Request request;
     int count = 1;
     if ((!level.isEmpty() &&
@@ -182,14 +183,15 @@ int GenerateCommand::RunCharacters(CliContext& context, QStringList args) {
 
 int GenerateCommand::RunMonsters(CliContext& context, QStringList args) {
     QString race, type, challenge, hitDiceText, countText, folder, error;
-    if (!TakeOption(args, "--race", race) || !TakeOption(args, "--type", type) ||
-        !TakeOption(args, "--cr", challenge) || !TakeOption(args, "--hd", hitDiceText) ||
-        !TakeOption(args, "--count", countText) || !TakeOption(args, "-o", folder))
-        return CliContext::Fail(QStringLiteral("an option is missing its value (see --help)"));
-    if (!RejectUnknownOptions(args, error))
+    if (!TakeOnlyOptions(args,
+                         {{"--race", &race},
+                          {"--type", &type},
+                          {"--cr", &challenge},
+                          {"--hd", &hitDiceText},
+                          {"--count", &countText},
+                          {"-o", &folder}},
+                         error))
         return CliContext::Fail(error);
-    if (!args.isEmpty())
-        return CliContext::Fail(QStringLiteral("unexpected argument '%1'").arg(args.first()));
     if (int(!race.isEmpty()) + int(!type.isEmpty()) + int(!challenge.isEmpty()) > 1)
         return CliContext::Fail(QStringLiteral("give one of --race, --type and --cr"));
     int count = 1, hitDice = 0;
