@@ -14,6 +14,7 @@
 #include "RulesCommand.h"
 #include "SpellsCommand.h"
 #include "StatblockCommand.h"
+#include "TreasureCommand.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -35,6 +36,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<ItemsCommand>());
     commands.push_back(std::make_unique<MonsterCommand>());
     commands.push_back(std::make_unique<GenerateCommand>());
+    commands.push_back(std::make_unique<TreasureCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
     commands.push_back(std::make_unique<AbilitiesCommand>());
