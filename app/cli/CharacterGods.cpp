@@ -110,7 +110,8 @@ QJsonArray weaponProficiencies(DCharacter& character) {
     // Weapons beyond the whole groups: from race, class rows, feats and features.
     for (const CharacterGods::Named& row : CharacterGods::NamedRows(kTableWeapons)) {
         const auto* info = static_cast<const DWeaponInfo*>(DDatabase::GetWeaponInfo(row.guid));
-        if (!info)
+        // A weapon that acts as another (a named bow) is listed under that one.
+        if (!info || !info->GetActsAsWeaponId().isNull())
             continue;
         const int category = info->GetSkillType();
         const bool byGroup = category == 3 ||
@@ -277,7 +278,7 @@ int CharacterGods::RunSetSchool(CliContext& context, QStringList args) {
     const bool diviner = schoolName(school).compare(QStringLiteral("Divination")) == 0;
     const int wanted = diviner ? 1 : 2;
     if (int(prohibited.size()) != wanted)
-        return CliContext::Fail(QStringLiteral("a %1 specialist names %2 prohibited school%3 "
+        return CliContext::Fail(QStringLiteral("%1 specialists name %2 prohibited school%3 "
                                                "with --prohibit")
                                     .arg(schoolName(school))
                                     .arg(wanted)
@@ -368,8 +369,13 @@ void CharacterGods::Print(const QJsonObject& description) {
     CliContext::PrintLine(QStringLiteral("Languages:  %1 (%2 bonus left)")
                               .arg(listText(description["languages"]))
                               .arg(description["bonus_languages_left"].toInt()));
+    // Weapon names may hold a comma ("Crossbow, light"), so the weapons are split by ';'.
     const QJsonObject proficiencies = description["proficiencies"].toObject();
+    QStringList weapons;
+    for (const QJsonValue weapon : proficiencies["weapons"].toArray())
+        weapons << weapon.toString();
     CliContext::PrintLine(
-        QStringLiteral("Proficient: weapons %1; armor %2")
-            .arg(listText(proficiencies["weapons"]), listText(proficiencies["armor"])));
+        QStringLiteral("Weapon use: %1")
+            .arg(weapons.isEmpty() ? QStringLiteral("none") : weapons.join(QStringLiteral("; "))));
+    CliContext::PrintLine(QStringLiteral("Armor use:  %1").arg(listText(proficiencies["armor"])));
 }
