@@ -9,6 +9,7 @@
 #include "DClassInfo.h"
 #include "DDatabase.h"
 #include "DHandBook.h"
+#include "FCReleaser.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -17,13 +18,6 @@
 #include <vector>
 
 namespace {
-
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
 
 // "[types Class]" row of the prestige classes.
 constexpr int kPrestigeClassType = 4;
@@ -90,8 +84,7 @@ int CharacterFeatures::RunAddFeature(CliContext& context, QStringList args) {
     if (args.size() != 2)
         return CliContext::Fail(QStringLiteral("give FILE.chr FEATURE (see --help)"));
     QString path, error;
-    std::unique_ptr<DCharacter, Releaser> character(
-        CharacterCommand::LoadFileArgument(context, args[0], path));
+    FCRef<DCharacter> character(CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
         return 1;
     DCharacterClass* characterClass = findPickingClass(*character, classText, error);
@@ -117,7 +110,7 @@ int CharacterFeatures::RunAddFeature(CliContext& context, QStringList args) {
                                           .arg(offer->name, name)
                                           .arg(offer->level)
                                     : QStringLiteral("%1 is already held").arg(offer->name));
-    std::unique_ptr<DChosenFeature, Releaser> feature(new DChosenFeature());
+    FCRef<DChosenFeature> feature(new DChosenFeature());
     feature->SetFeatureGuid(offer->feature);
     feature->SetFeatureGroup(offer->group);
     feature->SetFeatureType(offer->type);

@@ -1,6 +1,7 @@
 #include "CharacterItems.h"
 
 #include "CharacterCommand.h"
+#include "CliCommand.h"
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "DAdjChosenSpeed.h"
@@ -20,6 +21,7 @@
 #include "DRulesQuery.h"
 #include "DSizeInfo.h"
 #include "DWeaponInfo.h"
+#include "FCReleaser.h"
 #include "ItemCatalogue.h"
 #include "ResultSet.h"
 
@@ -28,17 +30,10 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace {
-
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-using CharacterPtr = std::unique_ptr<DCharacter, Releaser>;
 
 constexpr int kMaxCount = 9999;
 constexpr int kMaxEnhancement = 5;
@@ -47,17 +42,6 @@ constexpr int kMediumSize = 4;
 constexpr int kTableArmorAbilities = 61;
 constexpr int kTableWeaponAbilities = 71;
 constexpr const char* kLoadNames[] = {"light", "medium", "heavy", "overloaded"};
-
-bool takeOption(QStringList& args, const QString& name, QString& value) {
-    const int at = int(args.indexOf(name));
-    if (at < 0)
-        return true;
-    if (at + 1 >= args.size())
-        return false;
-    value = args[at + 1];
-    args.remove(at, 2);
-    return true;
-}
 
 bool takeFlag(QStringList& args, const QString& name) {
     return args.removeAll(name) > 0;
@@ -259,12 +243,10 @@ struct AddRequest {
 
 // A magic weapon, armor or shield made from the row; the character owns nothing yet.
 DChosenItem* makeCustomItem(DCharacter& character, const AddRequest& request, QString& error) {
-    std::unique_ptr<DItemInfo, Releaser> base(
-        DHandBook::BuildItemInfo(request.entry.itemType, request.entry.guid));
-    std::unique_ptr<DCustomMagicItemInfo, Releaser> custom(new DCustomMagicItemInfo);
+    FCRef<DItemInfo> base(DHandBook::BuildItemInfo(request.entry.itemType, request.entry.guid));
+    FCRef<DCustomMagicItemInfo> custom(new DCustomMagicItemInfo);
     const int size = fittedSize(character, base.get());
-    std::unique_ptr<DItemInfo, Releaser> sized(
-        DHandBook::CreateSizeAdjustedItem(&character, base.get(), size));
+    FCRef<DItemInfo> sized(DHandBook::CreateSizeAdjustedItem(&character, base.get(), size));
     custom->SetBaseItemInfo(sized ? sized.get() : base.get());
     custom->SetBonus(request.enhancement);
     // Magic arms and armor are always of masterwork make.
@@ -299,8 +281,7 @@ DChosenItem* makeCustomItem(DCharacter& character, const AddRequest& request, QS
 }
 
 DChosenItem* makeMagicItem(const AddRequest& request) {
-    std::unique_ptr<DItemInfo, Releaser> info(
-        DHandBook::BuildItemInfo(request.entry.itemType, request.entry.guid));
+    FCRef<DItemInfo> info(DHandBook::BuildItemInfo(request.entry.itemType, request.entry.guid));
     auto* magic = FCDynamicCast<DMagicItemInfo>(info.get());
     if (!magic)
         return nullptr;
@@ -322,17 +303,15 @@ qint64 priceOf(const DItem& item) {
 // failure.
 DChosenItem* addToCharacter(DCharacter& character, const AddRequest& request, QString& error) {
     const bool magicArms = request.enhancement > 0 || !request.abilities.isEmpty();
-    std::unique_ptr<DChosenItem, Releaser> made;
+    FCRef<DChosenItem> made;
     if (magicArms)
         made.reset(makeCustomItem(character, request, error));
     else if (!DIsCoreItemType(request.entry.itemType))
         made.reset(makeMagicItem(request));
     else {
-        std::unique_ptr<DItemInfo, Releaser> info(
-            DHandBook::BuildItemInfo(request.entry.itemType, request.entry.guid));
+        FCRef<DItemInfo> info(DHandBook::BuildItemInfo(request.entry.itemType, request.entry.guid));
         const int size = fittedSize(character, info.get());
-        std::unique_ptr<DItemInfo, Releaser> sized(
-            DHandBook::CreateSizeAdjustedItem(&character, info.get(), size));
+        FCRef<DItemInfo> sized(DHandBook::CreateSizeAdjustedItem(&character, info.get(), size));
         DCoinData cost;
         DHandBook::ComputeItemCost(info.get(), &character, request.masterwork ? 1 : 0, size, cost);
         made.reset(new DChosenItem);
@@ -366,12 +345,13 @@ DChosenItem* addToCharacter(DCharacter& character, const AddRequest& request, QS
 
 bool parseAddRequest(QStringList& args, AddRequest& request, QString& error) {
     QString count, enhancement, ability;
-    if (!takeOption(args, "--count", count) || !takeOption(args, "--enhancement", enhancement)) {
+    if (!CliCommand::TakeOption(args, "--count", count) ||
+        !CliCommand::TakeOption(args, "--enhancement", enhancement)) {
         error = QStringLiteral("--count and --enhancement need a value");
         return false;
     }
     while (args.contains("--ability")) {
-        if (!takeOption(args, "--ability", ability)) {
+        if (!CliCommand::TakeOption(args, "--ability", ability)) {
             error = QStringLiteral("--ability is missing its value");
             return false;
         }
@@ -448,7 +428,7 @@ int CharacterItems::RunAddItem(CliContext& context, QStringList args) {
     if (args.size() != 2)
         return CliContext::Fail(QStringLiteral("give FILE.chr ITEM (see --help)"));
     QString path;
-    CharacterPtr character(CharacterCommand::LoadFileArgument(context, args[0], path));
+    FCRef<DCharacter> character(CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
         return 1;
     if (!ItemCatalogue::Find(args[1], request.entry, error) || !checkMagicRequest(request, error))
@@ -464,56 +444,55 @@ int CharacterItems::RunAddItem(CliContext& context, QStringList args) {
     return CharacterCommand::SaveAndShow(context, *character, path);
 }
 
-int CharacterItems::RunEquip(CliContext& context, QStringList args) {
-    const bool twoHands = takeFlag(args, "--two-hands");
+namespace {
+
+// Loads FILE.chr, finds ITEM among its items, hands both to `change` and saves the character
+// when the change reports no error.
+int ChangeOwnedItem(CliContext& context, const QStringList& args, bool preferEquipped,
+                    const std::function<QString(DCharacter&, DChosenItem*)>& change) {
     if (args.size() != 2)
         return CliContext::Fail(QStringLiteral("give FILE.chr ITEM (see --help)"));
     QString path, error;
-    CharacterPtr character(CharacterCommand::LoadFileArgument(context, args[0], path));
+    FCRef<DCharacter> character(CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
         return 1;
-    DChosenItem* item = findOwnedItem(*character, args[1], false, error);
-    if (!item)
-        return CliContext::Fail(error);
-    error = equip(*character, item, twoHands);
+    DChosenItem* item = findOwnedItem(*character, args[1], preferEquipped, error);
+    if (item)
+        error = change(*character, item);
     if (!error.isEmpty())
         return CliContext::Fail(error);
     return CharacterCommand::SaveAndShow(context, *character, path);
 }
 
+} // namespace
+
+int CharacterItems::RunEquip(CliContext& context, QStringList args) {
+    const bool twoHands = takeFlag(args, "--two-hands");
+    return ChangeOwnedItem(context, args, false,
+                           [twoHands](DCharacter& character, DChosenItem* item) {
+                               return equip(character, item, twoHands);
+                           });
+}
+
 int CharacterItems::RunUnequip(CliContext& context, QStringList args) {
-    if (args.size() != 2)
-        return CliContext::Fail(QStringLiteral("give FILE.chr ITEM (see --help)"));
-    QString path, error;
-    CharacterPtr character(CharacterCommand::LoadFileArgument(context, args[0], path));
-    if (!character)
-        return 1;
-    DChosenItem* item = findOwnedItem(*character, args[1], true, error);
-    if (!item)
-        return CliContext::Fail(error);
-    if (item->GetItemLocation() == DChosenItem::kLocationNone &&
-        !isWielded(*character, item->GetItemId()))
-        return CliContext::Fail(QStringLiteral("%1 is not equipped").arg(itemName(*item)));
-    unequip(*character, item);
-    return CharacterCommand::SaveAndShow(context, *character, path);
+    return ChangeOwnedItem(context, args, true, [](DCharacter& character, DChosenItem* item) {
+        if (item->GetItemLocation() == DChosenItem::kLocationNone &&
+            !isWielded(character, item->GetItemId()))
+            return QStringLiteral("%1 is not equipped").arg(itemName(*item));
+        unequip(character, item);
+        return QString();
+    });
 }
 
 int CharacterItems::RunRemoveItem(CliContext& context, QStringList args) {
     const bool sell = takeFlag(args, "--sell");
-    if (args.size() != 2)
-        return CliContext::Fail(QStringLiteral("give FILE.chr ITEM (see --help)"));
-    QString path, error;
-    CharacterPtr character(CharacterCommand::LoadFileArgument(context, args[0], path));
-    if (!character)
-        return 1;
-    DChosenItem* item = findOwnedItem(*character, args[1], false, error);
-    if (!item)
-        return CliContext::Fail(error);
-    if (item->GetItemLocation() != DChosenItem::kLocationNone)
-        unequip(*character, item);
-    DHandBook::RemoveItem(character.get(), item, !sell, true);
-    DHandBook::ComputeAndSetCharacterEncumberance(character.get());
-    return CharacterCommand::SaveAndShow(context, *character, path);
+    return ChangeOwnedItem(context, args, false, [sell](DCharacter& character, DChosenItem* item) {
+        if (item->GetItemLocation() != DChosenItem::kLocationNone)
+            unequip(character, item);
+        DHandBook::RemoveItem(&character, item, !sell, true);
+        DHandBook::ComputeAndSetCharacterEncumberance(&character);
+        return QString();
+    });
 }
 
 void CharacterItems::Describe(const DCharacter& constCharacter, QJsonObject& description) {

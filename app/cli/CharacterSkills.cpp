@@ -1,6 +1,7 @@
 #include "CharacterSkills.h"
 
 #include "CharacterCommand.h"
+#include "CliCommand.h"
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "DCharStatType.h"
@@ -17,6 +18,7 @@
 #include "DRulesQuery.h"
 #include "DSchoolInfo.h"
 #include "DSkillInfo.h"
+#include "FCReleaser.h"
 #include "ResultSet.h"
 
 #include <QJsonArray>
@@ -33,25 +35,7 @@ constexpr int kTargetWeapon = 1;
 constexpr int kTargetSkill = 2;
 constexpr int kTargetSchool = 3;
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-
 // Removes "--name VALUE"; false when the option is there without a value.
-bool takeOption(QStringList& args, const QString& name, QString& value) {
-    const int at = int(args.indexOf(name));
-    if (at < 0)
-        return true;
-    if (at + 1 >= args.size())
-        return false;
-    value = args[at + 1];
-    args.remove(at, 2);
-    return true;
-}
-
 QString className(const QUuid& guid) {
     const DClassInfo* info = DDatabase::GetClassInfoA(guid);
     return info ? QString(info->mName) : QStringLiteral("the race");
@@ -298,8 +282,7 @@ int CharacterSkills::RunAddSkill(CliContext& context, QStringList args) {
             QStringLiteral("RANKS takes a number of whole or half ranks above 0, not '%1'")
                 .arg(args[2]));
     QString path;
-    std::unique_ptr<DCharacter, Releaser> character(
-        CharacterCommand::LoadFileArgument(context, args[0], path));
+    FCRef<DCharacter> character(CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
         return 1;
     SkillName skill;
@@ -344,13 +327,12 @@ int CharacterSkills::RunAddSkill(CliContext& context, QStringList args) {
 
 int CharacterSkills::RunAddFeat(CliContext& context, QStringList args) {
     QString targetText;
-    if (!takeOption(args, "--target", targetText))
+    if (!CliCommand::TakeOption(args, "--target", targetText))
         return CliContext::Fail(QStringLiteral("--target is missing its value"));
     if (args.size() != 2)
         return CliContext::Fail(QStringLiteral("give FILE.chr FEAT (see --help)"));
     QString path;
-    std::unique_ptr<DCharacter, Releaser> character(
-        CharacterCommand::LoadFileArgument(context, args[0], path));
+    FCRef<DCharacter> character(CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
         return 1;
     const QUuid feat = FindFeat(args[1]);
@@ -372,7 +354,7 @@ int CharacterSkills::RunAddFeat(CliContext& context, QStringList args) {
     if (!payer && general < 1)
         return CliContext::Fail(
             QStringLiteral("cannot take %1: no feat points left").arg(info->GetFeatName()));
-    std::unique_ptr<DChosenFeat, Releaser> chosen(new DChosenFeat());
+    FCRef<DChosenFeat> chosen(new DChosenFeat());
     chosen->SetFeatGuid(feat);
     chosen->SetTargetGuid(target);
     chosen->SetTargetSubGuid(subTarget);

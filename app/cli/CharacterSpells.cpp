@@ -1,6 +1,7 @@
 #include "CharacterSpells.h"
 
 #include "CharacterCommand.h"
+#include "CliCommand.h"
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "DCharacter.h"
@@ -12,6 +13,7 @@
 #include "DRuleGuids.h"
 #include "DRulesQuery.h"
 #include "DSpellCaster.h"
+#include "FCReleaser.h"
 #include "ResultSet.h"
 
 #include <QJsonArray>
@@ -21,28 +23,10 @@
 
 namespace {
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-
 constexpr int kLevels = DSpellCaster::kSpellLevelCount;
 constexpr int kMaxCount = 99;
 
 // Removes "--name VALUE"; false when the option is there without a value.
-bool takeOption(QStringList& args, const QString& name, QString& value) {
-    const int at = int(args.indexOf(name));
-    if (at < 0)
-        return true;
-    if (at + 1 >= args.size())
-        return false;
-    value = args[at + 1];
-    args.remove(at, 2);
-    return true;
-}
-
 QString className(const QUuid& guid) {
     const DClassInfo* info = DDatabase::GetClassInfoA(guid);
     return info ? QString(info->mName) : guid.toString();
@@ -229,13 +213,12 @@ QStringList CharacterSpells::SpellNames() {
 
 int CharacterSpells::RunAddSpell(CliContext& context, QStringList args) {
     QString classText;
-    if (!takeOption(args, "--class", classText))
+    if (!CliCommand::TakeOption(args, "--class", classText))
         return CliContext::Fail(QStringLiteral("--class is missing its value"));
     if (args.size() != 2)
         return CliContext::Fail(QStringLiteral("give FILE.chr SPELL (see --help)"));
     QString path, error;
-    std::unique_ptr<DCharacter, Releaser> character(
-        CharacterCommand::LoadFileArgument(context, args[0], path));
+    FCRef<DCharacter> character(CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
         return 1;
     Caster caster;
@@ -254,7 +237,7 @@ int CharacterSpells::RunAddSpell(CliContext& context, QStringList args) {
                                         .arg(className(caster.record->GetClassGuid())));
         purchase = 10;
     }
-    std::unique_ptr<DChosenSpell, Releaser> chosen(new DChosenSpell());
+    FCRef<DChosenSpell> chosen(new DChosenSpell());
     chosen->SetSpellGuid(spell.guid);
     chosen->SetSpellLevel(spell.level);
     chosen->SetCasterClassGuid(caster.record->GetClassGuid());
@@ -267,7 +250,8 @@ int CharacterSpells::RunAddSpell(CliContext& context, QStringList args) {
 
 int CharacterSpells::RunPrepare(CliContext& context, QStringList args) {
     QString classText, countText = QStringLiteral("1");
-    if (!takeOption(args, "--class", classText) || !takeOption(args, "--count", countText))
+    if (!CliCommand::TakeOption(args, "--class", classText) ||
+        !CliCommand::TakeOption(args, "--count", countText))
         return CliContext::Fail(QStringLiteral("--class and --count need a value"));
     bool ok = false;
     const int count = countText.toInt(&ok);
@@ -277,8 +261,7 @@ int CharacterSpells::RunPrepare(CliContext& context, QStringList args) {
     if (args.size() != 2)
         return CliContext::Fail(QStringLiteral("give FILE.chr SPELL (see --help)"));
     QString path, error;
-    std::unique_ptr<DCharacter, Releaser> character(
-        CharacterCommand::LoadFileArgument(context, args[0], path));
+    FCRef<DCharacter> character(CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
         return 1;
     Caster caster;

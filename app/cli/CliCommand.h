@@ -15,6 +15,9 @@ public:
     // Exit status: 0 success, 1 a user error (already reported in one line).
     virtual int Run(CliContext& context, QStringList args) = 0;
 
+    // Removes "--name VALUE"; false when the option is there without a value.
+    static bool TakeOption(QStringList& args, const QString& name, QString& value);
+
 protected:
     static bool WantsHelp(const QStringList& args) {
         return args.contains("--help") || args.contains("-h");
@@ -22,8 +25,6 @@ protected:
     // Takes the subcommand word into `sub`. With no word or with --help it prints the help
     // instead and returns false, with the exit status in `status`.
     bool TakeSubcommand(QStringList& args, QString& sub, int& status) const;
-    // Removes "--name VALUE"; false when the option is there without a value.
-    static bool TakeOption(QStringList& args, const QString& name, QString& value);
     // `text`, the value of `option`, as a whole number from `min` to `max`; false with `error`
     // naming the range otherwise.
     static bool ParseNumberOption(const QString& option, const QString& text, int min, int max,

@@ -8,6 +8,7 @@
 #include "FeatsCommand.h"
 #include "GodsCommand.h"
 #include "ItemsCommand.h"
+#include "MonsterCommand.h"
 #include "ObjectsCommand.h"
 #include "RaceCommand.h"
 #include "RollCommand.h"
@@ -35,6 +36,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<GodsCommand>());
     commands.push_back(std::make_unique<DomainsCommand>());
     commands.push_back(std::make_unique<ItemsCommand>());
+    commands.push_back(std::make_unique<MonsterCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
     commands.push_back(std::make_unique<AbilitiesCommand>());

@@ -33,6 +33,7 @@ private slots:
     void ShowEntry(DFileObject* entry);
     void NewCharacter();
     void EditAbilityScores();
+    void AdvanceMonster();
     // False when nothing was saved (no character, the dialog was cancelled, or the write
     // failed).
     bool SaveCharacter();
@@ -65,6 +66,7 @@ private:
     QLabel* mStatus = nullptr;
     CatalogueDock* mCatalogues = nullptr;
     QAction* mAbilityAction = nullptr;
+    QAction* mAdvanceAction = nullptr;
     QAction* mSaveAction = nullptr;
     QAction* mSaveAsAction = nullptr;
     QList<QAction*> mOutputActions;

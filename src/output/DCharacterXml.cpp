@@ -7,6 +7,7 @@
 #include "DCharacterClass.h"
 #include "DChosenFeat.h"
 #include "DChosenFeature.h"
+#include "DChosenItem.h"
 #include "DChosenLanguage.h"
 #include "DChosenSkill.h"
 #include "DChosenSpeed.h"
@@ -381,9 +382,50 @@ private:
         mXml.Close("attacks");
     }
 
-    // Weapons, armor, shields and protective items worn. Nothing is equipped until the
-    // equipment work lands, so nothing is written.
-    void WriteEquipment() {}
+    // "Longsword +7/+2 melee (1d8+2/19-20)": with `full` every iterative attack, else the
+    // first.
+    static QString StatBlockAttack(const DOffenseLine& line, bool full) {
+        QStringList bonuses;
+        for (const int bonus : full ? line.bonuses : line.bonuses.mid(0, 1))
+            bonuses << DXmlStream::Signed(bonus);
+        QString threat = line.critical;
+        if (threat == QLatin1String("x2"))
+            threat.clear();
+        else if (threat.endsWith(QLatin1String("/x2")))
+            threat.chop(3);
+        return QStringLiteral("%1 %2 %3 (%4%5)")
+            .arg(line.name, bonuses.join(QLatin1Char('/')),
+                 line.range == QLatin1String("-") ? QStringLiteral("melee")
+                                                  : QStringLiteral("ranged"),
+                 line.damage, threat.isEmpty() ? QString() : QLatin1Char('/') + threat);
+    }
+
+    // The attack and full attack lines and each weapon or natural attack with its parts.
+    void WriteEquipment() {
+        const QList<DOffenseLine> lines = DHandBook::BuildOffenseLines(mCharacter);
+        if (lines.isEmpty())
+            return;
+        mXml.Text("attack", StatBlockAttack(lines.first(), false));
+        QStringList full;
+        for (const DOffenseLine& line : lines)
+            full << StatBlockAttack(line, true);
+        mXml.Text("full-attack", full.join(QStringLiteral(" and ")));
+        mXml.Open("weapons");
+        for (const DOffenseLine& line : lines) {
+            mXml.Open("weapon");
+            mXml.Text("name", line.name);
+            QStringList bonuses;
+            for (const int bonus : line.bonuses)
+                bonuses << DXmlStream::Signed(bonus);
+            mXml.Text("bonus", bonuses.join(QLatin1Char('/')));
+            mXml.Text("damage", line.damage);
+            if (!line.critical.isEmpty())
+                mXml.Text("critical", line.critical);
+            mXml.Text("range", line.range);
+            mXml.Close("weapon");
+        }
+        mXml.Close("weapons");
+    }
 
     void WriteArmorClass() {
         DACValues ac;
@@ -467,8 +509,34 @@ private:
         mXml.Close("skill");
     }
 
-    // The inventory, with DItem's own writer, comes with the equipment work.
-    void WriteItems() {}
+    // The inventory, the possessions line of a stat block, and the load it makes.
+    void WriteItems() {
+        QStringList possessions;
+        mXml.Open("items");
+        for (const auto& [id, item] : mCharacter->GetItemMap()) {
+            if (item->HasItemFlag(DItem::kItemFlagUnarmed))
+                continue;
+            const QString name = item->GetItemPrintDescription(false);
+            possessions << name;
+            mXml.Open("item");
+            mXml.Text("name", name);
+            mXml.Number("count", item->GetCount());
+            mXml.Text("cost", item->GetCostDescription());
+            mXml.Text("weight", item->GetWeightDescription());
+            if (item->GetItemLocation() != DChosenItem::kLocationNone)
+                mXml.Number("equipped", 1);
+            mXml.Close("item");
+        }
+        mXml.Close("items");
+        if (!possessions.isEmpty())
+            mXml.Text("possessions", possessions.join(QStringLiteral(", ")));
+        mXml.Open("load");
+        mXml.Number("type", mCharacter->GetCharacterStat(kStatLoadType));
+        mXml.Text("weight", QString::number(double(mCharacter->GetCarriedWeight()), 'g', 6));
+        mXml.Number("armor-check", mCharacter->GetCharacterStat(kStatArmorCheckPenalty));
+        mXml.Number("spell-failure", DHandBook::GetArcaneSpellFailure(mCharacter));
+        mXml.Close("load");
+    }
 
     // Spells known, prepared and per day come with the spell work; until a class casts
     // nothing is written.

@@ -458,9 +458,23 @@ public:
     // The iterative bonuses that follow `total` for a base attack of `baseAttack`.
     static QList<int> BuildIterativeBonuses(int total, int baseAttack, bool shortSteps);
     static DOffenseLine BuildOffenseLine(DCharacter* character, const DOffenseItem& offense);
-    // Every weapon and natural attack of the offense groups in order; the unarmed strike when
-    // there is nothing else.
+    // Every weapon and natural attack of the offense groups in order; for a character with
+    // class levels the unarmed strike when there is nothing else.
     static QList<DOffenseLine> BuildOffenseLines(DCharacter* character);
+
+    // --- Monster advancement -------------------------------------------------------------------
+    // Racial hit dice from oldHD to newHD: the history, the full recomputation and, across a
+    // size boundary of the race's advancement rows, the size step. With `initial` only the
+    // size step runs (the setup pass re-applying stored hit dice).
+    static void AdvanceCharacterWithHD(DCharacter* character, float oldHD, float newHD,
+                                       bool initial);
+    // Re-applies the size effects of hit dice stored beyond the race's own.
+    static void AdvanceCharacter(DCharacter* character);
+    // Strength, Dexterity, Constitution, natural armor, size and natural attack dice from one
+    // size to another.
+    static void AdvanceCharacter(DCharacter* character, int oldSizeId, int newSizeId,
+                                 bool initial);
+    static void AdvanceNaturalAttacks(DCharacter* character, int oldSizeId, int newSizeId);
 
     // --- Character setup and level-up ---------------------------------------------------------
     // Binds the race that `raceFile` names and makes history entry 0 the race's entry. Nothing

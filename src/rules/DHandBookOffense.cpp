@@ -599,7 +599,9 @@ QList<DOffenseLine> DHandBook::BuildOffenseLines(DCharacter* character) {
         for (const DOffenseItem& offense : group->GetOffenseItemArray())
             lines << BuildOffenseLine(character, offense);
     }
-    if (!lines.isEmpty())
+    // A creature of its race alone fights with the race's natural weapons; only a character
+    // with class levels falls back on its fists.
+    if (!lines.isEmpty() || character->IsMonsterClassOnly())
         return lines;
     if (const DChosenItem* fists = character->GetItemWithTypeAndInfoId(kItemWeapon, kUnarmedWeapon))
         lines << BuildOffenseLine(

@@ -24,10 +24,6 @@
 // lands; its comment names the operation that will run there.
 namespace {
 
-void AdvanceCharacter(DCharacter*) {
-    // Size effects of stored extra hit dice (AdvanceCharacter) come with monster advancement.
-}
-
 // ComputeAndSetSpellData is DHandBook's own (DHandBookSpells.cpp): the passes call it directly.
 
 // AddAutoFeatures is DHandBook's own (DHandBookFeatures.cpp): the passes call it directly.

@@ -76,6 +76,12 @@ TEST_F(ItemsCli, AFighterBuysArmsAndArmor) {
     EXPECT_TRUE(text.out.contains(QStringLiteral("Longsword +7 (1d8+2/19-20)")))
         << text.out.toStdString();
 
+    const clitest::CliRun block = Hoard({"statblock", file});
+    EXPECT_TRUE(block.out.contains(QStringLiteral("Attack: Longsword +7 melee (1d8+2/19-20)")))
+        << block.out.toStdString();
+    EXPECT_TRUE(block.out.contains(
+        QStringLiteral("Possessions: Longsword, Chainmail, Shield, heavy steel")));
+
     // A level later the fighter has a second attack: base attack +6 gives +8/+3.
     ASSERT_EQ(Hoard({"character", "level-up", file, "--class", "Fighter"}).status, 0);
     EXPECT_EQ(Show(file)["attacks"].toArray()[0].toObject()["bonus"].toArray(), QJsonArray({8, 3}));

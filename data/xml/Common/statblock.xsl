@@ -229,8 +229,8 @@
 
   <!-- The stat block as <line label="...">value</line> elements in the published order, for a
        layout to read through exsl:node-set. A line whose element the document does not hold is
-       left out: weapons (Attack, Full Attack), organization and level adjustment are not in the
-       records yet, and a character has no challenge rating or advancement of its own. -->
+       left out: organization and level adjustment are not in the records yet, and a character
+       has no challenge rating or advancement of its own. -->
   <xsl:template name="sb-build-lines">
     <line label="Size/Type"><xsl:call-template name="sb-size-type"/></line>
     <line label="Hit Dice"><xsl:call-template name="sb-hit-dice"/></line>
@@ -252,6 +252,7 @@
     <xsl:if test="challenge-rating"><line label="Challenge Rating"><xsl:value-of select="challenge-rating"/></line></xsl:if>
     <xsl:if test="self::monster and race-details/treasure"><line label="Treasure"><xsl:value-of select="race-details/treasure"/></line></xsl:if>
     <xsl:if test="alignment"><line label="Alignment"><xsl:call-template name="sb-alignment"/></line></xsl:if>
+    <xsl:if test="self::character and possessions"><line label="Possessions"><xsl:value-of select="possessions"/></line></xsl:if>
     <xsl:if test="self::monster and race-details/advancement"><line label="Advancement"><xsl:value-of select="race-details/advancement"/></line></xsl:if>
   </xsl:template>
 

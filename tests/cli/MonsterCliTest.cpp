@@ -1,0 +1,78 @@
+// A ready monster advanced through the program, checked against the open 3.5 rules: the
+// ankheg (Large magical beast, 3d10, Str 21, Dex 10, Con 17, natural armor +9) grows Huge at
+// 5 HD, taking Str +8, Dex -2, Con +4 and natural armor +3.
+#include "CliRunner.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class MonsterCli : public ::testing::Test {
+protected:
+    clitest::CliRun Hoard(const QStringList& args) const {
+        return clitest::runHoard(args, mUser.path());
+    }
+
+    QJsonObject Json(const QStringList& args) const {
+        const clitest::CliRun run = Hoard(QStringList{"--json", "monster"} + args);
+        EXPECT_EQ(run.status, 0) << run.err.toStdString();
+        return QJsonDocument::fromJson(run.out.toUtf8()).object();
+    }
+
+    QTemporaryDir mUser;
+};
+
+TEST_F(MonsterCli, AnAnkhegGrowsHugeAndBack) {
+    const QJsonObject base = Json({"show", "Ankheg"});
+    EXPECT_EQ(base["size"].toString(), QStringLiteral("Large"));
+    EXPECT_EQ(base["ac"].toInt(), 10 - 1 + 9);
+    EXPECT_EQ(base["grapple"].toInt(), 3 + 5 + 4);
+
+    const QString file = mUser.path() + "/ankheg.mon";
+    const QJsonObject huge = Json({"advance", "Ankheg", "--hd", "6", "-o", file});
+    EXPECT_EQ(huge["size"].toString(), QStringLiteral("Huge"));
+    EXPECT_EQ(huge["hit_dice"].toDouble(), 6.0);
+    EXPECT_EQ(huge["natural_armor"].toInt(), 12);
+    const QJsonObject abilities = huge["abilities"].toObject();
+    EXPECT_EQ(abilities["str"].toInt(), 29);
+    EXPECT_EQ(abilities["dex"].toInt(), 8);
+    EXPECT_EQ(abilities["con"].toInt(), 21);
+    // 6d10 at 5.5 a die with Con +5: 63; Huge -2 and Dex -1 on armor class; grapple +6 +9 +8.
+    EXPECT_EQ(huge["hp"].toInt(), 63);
+    EXPECT_EQ(huge["ac"].toInt(), 10 - 2 - 1 + 12);
+    EXPECT_EQ(huge["base_attack"].toInt(), 6);
+    EXPECT_EQ(huge["grapple"].toInt(), 6 + 9 + 8);
+    EXPECT_EQ(huge["fortitude"].toInt(), 5 + 5);
+
+    // The saved monster goes back to its own 3 HD whole.
+    const QJsonObject back = Json({"advance", file, "--hd", "3"});
+    EXPECT_EQ(back["size"].toString(), QStringLiteral("Large"));
+    EXPECT_EQ(back["hp"].toInt(), base["hp"].toInt());
+    EXPECT_EQ(back["abilities"].toObject(), base["abilities"].toObject());
+}
+
+TEST_F(MonsterCli, RefusalsNameTheReason) {
+    const struct {
+        QStringList args;
+        const char* reason;
+    } cases[] = {
+        {{"advance", "Ankheg", "--hd", "10"}, "from 1 to 9"},
+        {{"advance", "Ankheg", "--hd", "0"}, "from 1 to 9"},
+        {{"advance", "Ogre", "--hd", "5"}, "does not advance"},
+        {{"advance", "Ankheg"}, "--hd"},
+        {{"show", "Ankhg"}, "closest: Ankheg"},
+    };
+    for (const auto& c : cases) {
+        const clitest::CliRun run = Hoard(QStringList{"monster"} + c.args);
+        EXPECT_EQ(run.status, 1) << c.args.join(' ').toStdString();
+        EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(QLatin1String(c.reason))) << run.err.toStdString();
+    }
+}
+
+} // namespace
