@@ -5,6 +5,7 @@
 #include "DCharStatType.h"
 #include "DCharacter.h"
 #include "DChosenFeat.h"
+#include "DChosenFeature.h"
 #include "DChosenLanguage.h"
 #include "DDatabase.h"
 #include "DRace.h"
@@ -22,6 +23,8 @@ constexpr int kTableClassAlignmentRestrictions = 7;
 constexpr int kTableGodDomain = 145;
 constexpr int kTableGodDomainFeat = 146;
 constexpr unsigned kLanguageSpeak = 0x1;
+// The feature type that gives one language by name.
+constexpr int kFeatureNamedLanguage = 16;
 
 struct GodRow {
     bool found = false;
@@ -313,7 +316,15 @@ bool DHandBook::RemoveLanguage(DCharacter* character, const QUuid& language) {
 }
 
 int DHandBook::GetRemainingLanguagePoints(const DCharacter* character) {
-    return character->GetCharacterStat(kStatFeatureLanguagePoints) +
+    // A feature that names its language (a druid's Druidic) counts a point and uses it.
+    auto& features = const_cast<DCharacter&>(*character);
+    int named = 0;
+    for (int array = 0; array < DCharacter::kFeatureArrayCount; ++array) {
+        for (const DChosenFeature* feature : features.GetFeatureArray(array))
+            named += feature->GetFeatureType() == kFeatureNamedLanguage &&
+                     !feature->GetFeatureDataGuid().isNull();
+    }
+    return character->GetCharacterStat(kStatFeatureLanguagePoints) - named +
            character->GetCharacterStat(kStatIntelligenceLanguagePoints) -
            character->GetCharacterStat(kStatSpentLanguagePoints);
 }

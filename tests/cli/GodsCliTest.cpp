@@ -141,6 +141,12 @@ TEST_F(GodsCli, BonusLanguagesStopAtTheIntelligenceAllowance) {
     Ok({"add-language", dwarf, "Orc"});
     ExpectRefusals(dwarf, {{{"add-language", "Goblin"}, "no bonus languages left"}});
     EXPECT_EQ(Strings(Show(dwarf)["languages"]), QStringList({"Common", "Dwarven", "Orc"}));
+
+    // Druidic comes with the class and takes none of the one bonus language of Intelligence 12.
+    const QString druid = Make("Druid", "INT", 12);
+    Ok({"add-language", druid, "Sylvan"});
+    ExpectRefusals(druid, {{{"add-language", "Elven"}, "no bonus languages left"}});
+    EXPECT_EQ(Strings(Show(druid)["languages"]), QStringList({"Common", "Druidic", "Sylvan"}));
 }
 
 } // namespace
