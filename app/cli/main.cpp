@@ -6,6 +6,7 @@
 #include "DomainsCommand.h"
 #include "FCRandom.h"
 #include "FeatsCommand.h"
+#include "GenerateCommand.h"
 #include "GodsCommand.h"
 #include "ItemsCommand.h"
 #include "MonsterCommand.h"
@@ -37,6 +38,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<DomainsCommand>());
     commands.push_back(std::make_unique<ItemsCommand>());
     commands.push_back(std::make_unique<MonsterCommand>());
+    commands.push_back(std::make_unique<GenerateCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
     commands.push_back(std::make_unique<AbilitiesCommand>());
