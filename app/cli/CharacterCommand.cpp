@@ -2,6 +2,7 @@
 
 #include "CharacterAbility.h"
 #include "CharacterFeatures.h"
+#include "CharacterGods.h"
 #include "CharacterItems.h"
 #include "CharacterSkills.h"
 #include "CharacterSpells.h"
@@ -110,7 +111,12 @@ QString CharacterCommand::Help() const {
                "[--json]\n"
                "  hoard character equip FILE.chr ITEM [--two-hands] [--json]\n"
                "  hoard character unequip FILE.chr ITEM [--json]\n"
-               "  hoard character remove-item FILE.chr ITEM [--sell] [--json]\n\n"
+               "  hoard character remove-item FILE.chr ITEM [--sell] [--json]\n"
+               "  hoard character set-alignment FILE.chr ALIGNMENT [--json]\n"
+               "  hoard character set-god FILE.chr GOD [--json]\n"
+               "  hoard character add-domain FILE.chr DOMAIN [--json]\n"
+               "  hoard character set-school FILE.chr SCHOOL --prohibit A[,B] [--json]\n"
+               "  hoard character add-language FILE.chr LANGUAGE [--json]\n\n"
                "new       makes a character of the named race (a race file's name, as `hoard race "
                "list`\n"
                "          shows; Human when none is given) with N levels of each CLASS in the "
@@ -142,6 +148,22 @@ QString CharacterCommand::Help() const {
                "          special ability, a ranger's favored enemy, a bard's weapon, a "
                "loremaster's\n"
                "          secret.\n"
+               "set-alignment\n"
+               "          gives the alignment by name or letters (LG, N, CE); a class that bars it "
+               "refuses.\n"
+               "set-god   takes GOD (see `hoard gods`) if the alignment is the god's or one step "
+               "off.\n"
+               "add-domain\n"
+               "          gives a cleric one of the god's domains (two at most); each opens the "
+               "extra\n"
+               "          domain slot and brings the god's feats for it.\n"
+               "set-school\n"
+               "          makes a wizard a specialist of SCHOOL; two prohibited schools are named, "
+               "one\n"
+               "          for a diviner, and divination is never one of them.\n"
+               "add-language\n"
+               "          learns a bonus language of the race, one per point of Intelligence "
+               "modifier.\n"
                "Classes are named as in the rules database, in any case.\n") +
            CharacterItems::HelpText();
 }
@@ -171,6 +193,16 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return CharacterFeatures::RunAddFeature(context, args);
     if (sub == "add-item")
         return CharacterItems::RunAddItem(context, args);
+    if (sub == "set-alignment")
+        return CharacterGods::RunSetAlignment(context, args);
+    if (sub == "set-god")
+        return CharacterGods::RunSetGod(context, args);
+    if (sub == "add-domain")
+        return CharacterGods::RunAddDomain(context, args);
+    if (sub == "set-school")
+        return CharacterGods::RunSetSchool(context, args);
+    if (sub == "add-language")
+        return CharacterGods::RunAddLanguage(context, args);
     if (sub == "equip")
         return CharacterItems::RunEquip(context, args);
     if (sub == "unequip")
@@ -506,6 +538,7 @@ QJsonObject CharacterCommand::Describe(const DCharacter& character) {
     CharacterSpells::Describe(character, description);
     CharacterFeatures::Describe(character, description);
     CharacterItems::Describe(character, description);
+    CharacterGods::Describe(character, description);
     return description;
 }
 
@@ -549,6 +582,7 @@ void CharacterCommand::PrintCharacter(const DCharacter& character, const QString
     printCombatBlock(description);
     CharacterSkills::Print(character);
     CharacterFeatures::Print(description);
+    CharacterGods::Print(description);
     CharacterSpells::Print(description);
     CharacterItems::Print(description);
     CliContext::PrintLine(QStringLiteral("File:       %1").arg(file));

@@ -3,9 +3,11 @@
 #include "CliContext.h"
 #include "DbCommand.h"
 #include "DemoCommand.h"
+#include "DomainsCommand.h"
 #include "FCRandom.h"
 #include "FeatsCommand.h"
 #include "GenerateCommand.h"
+#include "GodsCommand.h"
 #include "ItemsCommand.h"
 #include "MonsterCommand.h"
 #include "ObjectsCommand.h"
@@ -33,6 +35,8 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<RaceCommand>());
     commands.push_back(std::make_unique<FeatsCommand>());
     commands.push_back(std::make_unique<SpellsCommand>());
+    commands.push_back(std::make_unique<GodsCommand>());
+    commands.push_back(std::make_unique<DomainsCommand>());
     commands.push_back(std::make_unique<ItemsCommand>());
     commands.push_back(std::make_unique<MonsterCommand>());
     commands.push_back(std::make_unique<GenerateCommand>());

@@ -2,6 +2,7 @@
 
 #include "CatalogueDock.h"
 #include "CharacterFeatureRows.h"
+#include "CharacterGodRows.h"
 #include "CharacterItemRows.h"
 #include "CharacterSpellRows.h"
 #include "DeskPrinting.h"
@@ -230,6 +231,7 @@ void DeskMainWindow::ShowCharacter(const DCharacter& character, const QString& f
                             QString::number(character.GetCharacterStat(kStatHitPoints)),
                             CombatRows(character) + CharacterItemRows::Build(character) +
                                 CharacterFeatureRows::Build(character) +
+                                CharacterGodRows::Build(character) +
                                 CharacterSpellRows::Build(character),
                             fileText));
     setWindowTitle(tr("Hoard - %1").arg(character.GetCharacterName()));

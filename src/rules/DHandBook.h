@@ -24,6 +24,7 @@ class DCharacterClass;
 class DChosenFeat;
 class DChosenFeature;
 class DChosenItem;
+class DChosenLanguage;
 class DCoinData;
 class DCurrency;
 class DCustomMagicItemInfo;
@@ -332,6 +333,32 @@ public:
     static int GetMaxSpellLevelForCasterType(DCharacter* character, int casterType);
     // The monk's unarmored speed for a speed of type 1 or 3; any other speed as it stands.
     static int ComputeMonkUnarmoredSpeed(DCharacter* character, DAdjChosenSpeed* speed);
+    // --- Gods, domains, schools, languages ------------------------------------------------------
+    // False when the class bars the alignment.
+    static bool GetIsValidAlignment(const QUuid& classGuid, int alignment);
+    static bool CanWorshipGod(DCharacter* character, const QUuid& god);
+    static bool CanWorshipDomain(DCharacter* character, const QUuid& domain);
+    static bool IsValidGodDomain(const QUuid& god, const QUuid& domain);
+    static void SetCharacterGod(DCharacter* character, const QUuid& god);
+    static void AddCharacterDomain(DCharacter* character, const QUuid& domain);
+    static void RemoveCharacterDomain(DCharacter* character, const QUuid& domain);
+    static void SetCharacterDomain(DCharacter* character, int index, const QUuid& domain);
+    // The feats a god gives the followers of its domains; true if a feat changed.
+    static bool HandleClericSpecialFeats(DCharacter* character, const QUuid& god,
+                                         const QUuid& domain0, const QUuid& domain1, bool add);
+    // The class skills the domains add to the cleric.
+    static bool HandleClericSpecialSkills(DCharacter* character, const QUuid& god,
+                                          const QUuid& domain0, const QUuid& domain1, bool add);
+    static bool CanChooseSchool(DCharacter* character, int school);
+    static bool CanChooseProhibitedSchool(DCharacter* character, int school);
+    static void SetCharacterSchool(DCharacter* character, int school);
+    // Speak marks a language paid with a rank of Speak Language.
+    static void AddLanguage(DCharacter* character, DChosenLanguage* language, bool speak);
+    // True if the language removed was a Speak Language one.
+    static bool RemoveLanguage(DCharacter* character, const QUuid& language);
+    // Points from features and Intelligence less those spent.
+    static int GetRemainingLanguagePoints(const DCharacter* character);
+
     // --- Items: prices and weights -------------------------------------------------------------
     // A new info of the class for an item type filled from its table; one reference for the
     // caller, null for a type without rows.

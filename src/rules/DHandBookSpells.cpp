@@ -179,6 +179,9 @@ void DHandBook::ComputeAndSetSpellsPerDayForCaster(DCharacter* character, DSpell
         caster->SetSpellsPerDay(n, v);
         if (!isClass)
             continue;
+        // The domain or school slot comes only with a level the caster can cast.
+        if (v < 0)
+            continue;
         if ((guid == kClericClass && n > 0 && character->HasPickedDomain()) ||
             (guid == kWizardClass && character->HasPickedSchool()))
             caster->SetExtraClassSpellsPerDay(n, 1);

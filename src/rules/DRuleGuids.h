@@ -66,6 +66,8 @@ inline constexpr QUuid kShieldFeat = Guid("{A4D4790D-A6ED-4FEA-A88E-7BDD46052D99
 inline constexpr QUuid kSimpleWeaponFeat = Guid("{96903E21-156F-4F3D-92F4-67DA5ED4EE0F}");
 inline constexpr QUuid kMartialWeaponFeat = Guid("{09848A9A-458C-47C8-A419-B361F5540611}");
 inline constexpr QUuid kExoticWeaponFeat = Guid("{BF016F1C-A08B-4980-9B0C-0A6407AFD18F}");
+// The god entry that stands for no particular god: open to all, passes every domain.
+inline constexpr QUuid kAnyGod = Guid("{18E7A571-28C3-486F-83D0-9ADDD438C272}");
 inline constexpr QUuid kSchoolTargetFeat = Guid("{8580002B-F168-4E1F-ACC1-3A7747BF2821}");
 
 } // namespace DRuleGuids

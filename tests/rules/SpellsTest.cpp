@@ -91,12 +91,12 @@ TEST_F(SpellsTest, SpellsPerDayAndKnownOfEveryKindOfCaster) {
         {"wizard 5, Int 12 cannot cast 3rd", "Wizard", 5, kAbilityIntelligence, 12, false,
          Pad({4, 4, 2}, kNone), Pad({}, 0), Pad({0, 6, 4, 2}, 0), 5, 2},
         {"wizard 3, Int 16 with a school", "Wizard", 3, kAbilityIntelligence, 16, true,
-         Pad({4, 3, 2}, kNone), Pad({}, 1), Pad({0, 8, 2}, 0), 3, 2},
+         Pad({4, 3, 2}, kNone), Pad({1, 1, 1}, 0), Pad({0, 8, 2}, 0), 3, 2},
         {"wizard 1, Int 9 casts nothing", "Wizard", 1, kAbilityIntelligence, 9, false, kClosed,
          Pad({}, 0), Pad({0, 2}, 0), 1, -1},
-        // Prepared divine: the domain slot from 1st level up, whatever the score opens.
+        // Prepared divine: the domain slot from 1st level up, on each level the cleric casts.
         {"cleric 5, Wis 16 with a domain", "Cleric", 5, kAbilityWisdom, 16, true,
-         Pad({5, 4, 3, 2}, kNone), Pad({0}, 1), Pad({}, 0), 5, 3},
+         Pad({5, 4, 3, 2}, kNone), Pad({0, 1, 1, 1}, 0), Pad({}, 0), 5, 3},
         {"cleric 5, Wis 12 cannot cast 3rd", "Cleric", 5, kAbilityWisdom, 12, false,
          Pad({5, 4, 2}, kNone), Pad({}, 0), Pad({}, 0), 5, 2},
         // Spontaneous arcane.
