@@ -13,6 +13,7 @@
 #include "RulesCommand.h"
 #include "SpellsCommand.h"
 #include "StatblockCommand.h"
+#include "TableCommand.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -35,6 +36,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<MonsterCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
+    commands.push_back(std::make_unique<TableCommand>());
     commands.push_back(std::make_unique<AbilitiesCommand>());
     commands.push_back(std::make_unique<StatblockCommand>(false));
     commands.push_back(std::make_unique<StatblockCommand>(true));

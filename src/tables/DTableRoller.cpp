@@ -31,8 +31,9 @@ QString alignmentName(const DTableItem& row) {
                 : QStringLiteral("alignment %1").arg(row.MiscAlignment());
 }
 
-// The overrides a row puts on what it produces.
-QString extraText(const DTableItem& row) {
+} // namespace
+
+QString DTableRoller::ExtraText(const DTableItem& row) {
     switch (row.Generate()) {
     case DTableItem::kElementMonster:
         return row.MiscLevel() ? QStringLiteral("HD %1").arg(row.MiscLevel()) : QString();
@@ -52,6 +53,8 @@ QString extraText(const DTableItem& row) {
         return QString();
     }
 }
+
+namespace {
 
 QString kindWord(int kind) {
     switch (kind) {
@@ -140,7 +143,7 @@ DTableResult DTableRoller::Produce(const DTableItem& row, int count, int depth) 
         return result;
     }
     result.name = row.GenerateFile().GetBaseFileName();
-    result.extra = extraText(row);
+    result.extra = ExtraText(row);
     if (row.Generate() < 0 || row.Generate() > DTableItem::kElementText) {
         result.problem = QStringLiteral("unknown element kind %1").arg(row.Generate());
         return result;

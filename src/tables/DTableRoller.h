@@ -39,6 +39,8 @@ public:
     // The object file of a row's result, the stored tree first and then the other one; empty
     // when neither has it.
     static FCString FindObjectFile(const DFileObject& file);
+    // The overrides a row puts on what it produces: "HD 4", "EL 3", "Lvl 2; Elf; Lawful Good".
+    static QString ExtraText(const DTableItem& row);
 
 private:
     void Generate(const DTable& table, int depth, int roll, std::vector<DTableResult>& out);

@@ -1,5 +1,7 @@
 #include "DTableText.h"
 
+#include "DAlignmentInfo.h"
+#include "DDatabase.h"
 #include "DTable.h"
 #include "DTableItem.h"
 #include "FCReleaser.h"
@@ -143,6 +145,26 @@ DFileObject fileFor(int kind, const QString& name) {
 }
 
 // The cells after the name: level, race, alignment; all may be empty.
+// A number, or an alignment's name or short name from the rules database.
+bool parseAlignment(const QString& text, int& id) {
+    if (parseInt(text, id))
+        return id >= 0;
+    for (const auto& [key, info] : DDatabase::GetAlignmentInfoMap()) {
+        const auto* alignment = static_cast<const DAlignmentInfo*>(info);
+        if (alignment->GetAlignmentName().compare(text, Qt::CaseInsensitive) == 0 ||
+            alignment->GetAlignmentShortName().compare(text, Qt::CaseInsensitive) == 0) {
+            id = key;
+            return true;
+        }
+    }
+    return false;
+}
+
+QString alignmentText(int id) {
+    const DAlignmentInfo* info = DDatabase::GetAlignmentInfo(id);
+    return info ? QString(info->GetAlignmentShortName()) : QString::number(id);
+}
+
 bool parseOverrides(const QStringList& cells, DTableItem& row, QString& error) {
     int level = 0, alignment = 0;
     const QString levelText = cells.value(4);
@@ -151,8 +173,9 @@ bool parseOverrides(const QStringList& cells, DTableItem& row, QString& error) {
         return false;
     }
     const QString alignmentText = cells.value(6);
-    if (!alignmentText.isEmpty() && (!parseInt(alignmentText, alignment) || alignment < 0)) {
-        error = QStringLiteral("alignment '%1' is not an alignment number").arg(alignmentText);
+    if (!alignmentText.isEmpty() && !parseAlignment(alignmentText, alignment)) {
+        error = QStringLiteral("alignment '%1' is neither a number nor an alignment such as LG")
+                    .arg(alignmentText);
         return false;
     }
     const QString race = cells.value(5);
@@ -292,7 +315,7 @@ QString DTableText::Write(const DTable& table) {
                           NameText(*row)};
         cells << (row->MiscLevel() ? QString::number(row->MiscLevel()) : QString());
         cells << (row->MiscRace() ? QString(row->MiscRace()->GetBaseFileName()) : QString());
-        cells << (row->MiscAlignment() ? QString::number(row->MiscAlignment()) : QString());
+        cells << (row->MiscAlignment() ? alignmentText(row->MiscAlignment()) : QString());
         while (cells.last().isEmpty())
             cells.removeLast();
         out += cells.join('\t') + '\n';
