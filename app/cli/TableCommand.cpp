@@ -188,7 +188,7 @@ int TableCommand::RunList(CliContext& context, QStringList args) {
                                      {"rows", rows}});
         } else {
             CliContext::PrintLine(QStringLiteral("%1 %2 %3 %4 rows")
-                                      .arg(entry->GetBaseFileName(), -28)
+                                      .arg(entry->GetBaseFileName(), -38)
                                       .arg(tree, -5)
                                       .arg(dice, -8)
                                       .arg(rows));
