@@ -8,7 +8,9 @@
 #include "NewCharacterDialog.h"
 
 #include "D_UICharRollDialog.h"
+#include "D_UIMonsterAdvanceDialog.h"
 
+#include "DCharFlags.h"
 #include "DCharStatType.h"
 #include "DCharacter.h"
 #include "DClassInfo.h"
@@ -87,6 +89,9 @@ void DeskMainWindow::BuildMenus() {
     mAbilityAction =
         character->addAction(tr("&Ability Scores..."), this, &DeskMainWindow::EditAbilityScores);
     mAbilityAction->setEnabled(false);
+    mAdvanceAction =
+        character->addAction(tr("Ad&vance Monster..."), this, &DeskMainWindow::AdvanceMonster);
+    mAdvanceAction->setEnabled(false);
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
     tools->addAction(tr("&Dice..."), this, [this] {
         // One dice window: asking again brings it forward.
@@ -310,7 +315,7 @@ void DeskMainWindow::SetCurrentCharacter(DCharacter* character, const QString& f
     mCharacterFile = file;
     // A character made here exists nowhere else until it is saved.
     mCharacterEdited = mCharacter && file.isEmpty();
-    for (QAction* action : {mAbilityAction, mSaveAction, mSaveAsAction}) {
+    for (QAction* action : {mAbilityAction, mAdvanceAction, mSaveAction, mSaveAsAction}) {
         if (action)
             action->setEnabled(mCharacter != nullptr);
     }
@@ -330,6 +335,27 @@ void DeskMainWindow::EditAbilityScores() {
     dialog.Setup(mCharacter);
     if (dialog.exec() != QDialog::Accepted)
         return;
+    mCharacterEdited = true;
+    ShowCharacter(*mCharacter, mCharacterFile);
+}
+
+void DeskMainWindow::AdvanceMonster() {
+    if (!mCharacter)
+        return;
+    D_UIMonsterAdvanceDialog dialog(this);
+    if (!dialog.Setup(mCharacter) || !mCharacter->IsMonsterClassOnly()) {
+        QMessageBox::information(this, tr("Monster Advancement"),
+                                 tr("%1 cannot advance by racial hit dice: its race has no "
+                                    "advancement left, or it has class levels.")
+                                     .arg(QString(mCharacter->GetCharacterName())));
+        return;
+    }
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    mCharacter->AddChangeFlag(kChangeLevelUp);
+    const DCharacterClass* raceClass = mCharacter->GetRaceClassPointer();
+    const float oldHD = raceClass ? raceClass->GetLevel() : mCharacter->GetCharacterLevel();
+    DHandBook::AdvanceCharacterWithHD(mCharacter, oldHD, dialog.GetNewHitDice(), false);
     mCharacterEdited = true;
     ShowCharacter(*mCharacter, mCharacterFile);
 }

@@ -35,6 +35,7 @@ private slots:
     void ShowEntry(DFileObject* entry);
     void NewCharacter();
     void EditAbilityScores();
+    void AdvanceMonster();
     // False when nothing was saved (no character, the dialog was cancelled, or the write
     // failed).
     bool SaveCharacter();
@@ -67,6 +68,7 @@ private:
     QLabel* mStatus = nullptr;
     CatalogueDock* mCatalogues = nullptr;
     QAction* mAbilityAction = nullptr;
+    QAction* mAdvanceAction = nullptr;
     QAction* mSaveAction = nullptr;
     QAction* mSaveAsAction = nullptr;
     QList<QAction*> mOutputActions;

@@ -16,6 +16,29 @@ namespace odbc {
 
 namespace {
 
+// Bracketed names outside string literals become double-quoted lower-case names.
+QString bracketsToQuotes(const QString& sql) {
+    QString result;
+    result.reserve(sql.size());
+    bool inLiteral = false;
+    for (qsizetype i = 0; i < sql.size(); ++i) {
+        const QChar c = sql[i];
+        if (c == u'\'') {
+            inLiteral = !inLiteral;
+        } else if (c == u'[' && !inLiteral) {
+            const qsizetype end = sql.indexOf(u']', i + 1);
+            if (end > i) {
+                QString name = sql.mid(i + 1, end - i - 1).toLower();
+                result += u'"' + name.replace(u'"', QLatin1String("\"\"")) + u'"';
+                i = end;
+                continue;
+            }
+        }
+        result += c;
+    }
+    return result;
+}
+
 QString uniqueConnectionName() {
     static std::atomic<quint64> counter{0};
     return QStringLiteral("hoard.odbc.%1").arg(++counter);
@@ -57,13 +80,19 @@ PreparedStatement* Connection::prepareStatement(const QString& sql) {
 
 bool Connection::execute(const QString& sql) {
     QSqlQuery query(*mDatabase);
-    if (!query.exec(sql))
+    if (!query.exec(nativeSQL(sql)))
         throw SQLException(query.lastError().text());
     return query.isSelect();
 }
 
 QString Connection::driverName() const {
     return mDatabase->driverName();
+}
+
+QString Connection::nativeSQL(const QString& sql) const {
+    if (driverName() == QLatin1String("QPSQL"))
+        return bracketsToQuotes(sql);
+    return sql;
 }
 
 void Connection::open() {

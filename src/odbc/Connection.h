@@ -29,6 +29,9 @@ public:
 
     // The Qt driver in use, e.g. "QSQLITE".
     QString driverName() const;
+    // The statement as this engine reads it: the rules' SQL quotes names in [brackets], which
+    // PostgreSQL reads as "lower-case names" (its loader folds every name to lower case).
+    QString nativeSQL(const QString& sql) const;
 
 private:
     friend class DriverManager;

@@ -55,7 +55,7 @@ PreparedStatement::PreparedStatement(Connection* connection, const QString& sql)
       mPrepared(std::make_unique<QSqlQuery>(connection->database())),
       mParameterCount(placeholderCount(sql)) {
     mPrepared->setForwardOnly(true);
-    if (!mPrepared->prepare(sql))
+    if (!mPrepared->prepare(connection->nativeSQL(sql)))
         throw SQLException(mPrepared->lastError().text());
 }
 

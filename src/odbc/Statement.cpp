@@ -72,7 +72,7 @@ QSqlQuery& Statement::textQuery() {
 void Statement::runText(const QString& sql) {
     closeResultSet();
     QSqlQuery& query = textQuery();
-    if (!query.exec(sql))
+    if (!query.exec(connection().nativeSQL(sql)))
         throw SQLException(query.lastError().text());
 }
 

@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QByteArray>
 #include <QDataStream>
+#include <QFile>
 #include <QString>
 #include <QUuid>
 
@@ -115,6 +116,19 @@ inline Ref<FCObject> loadObject(const QByteArray& bytes) {
         object = nullptr;
     }
     return Ref<FCObject>(object);
+}
+
+// The bytes the golden file holds for `className`: one "ClassName hex" line per saved object.
+inline QByteArray goldenBytes(const char* className) {
+    QFile file(QStringLiteral(HOARD_GOLDEN_RECORDS));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray prefix = QByteArray(className) + ' ';
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        if (line.startsWith(prefix))
+            return QByteArray::fromHex(line.mid(prefix.size()));
+    }
+    return {};
 }
 
 } // namespace chartest

@@ -40,19 +40,6 @@ const Counter kCounters[] = {
     {"can know", &DSpellCaster::GetSpellsCanKnow, &DSpellCaster::SetSpellsCanKnow},
 };
 
-TEST(DSpellCasterTest, NewCasterHasNoSpellLevelAndNoCounts) {
-    const DSpellCaster caster;
-    EXPECT_EQ(caster.GetMaxSpellLevel(), -1);
-    EXPECT_EQ(caster.GetBonusSpellLevels(), 0);
-    EXPECT_EQ(caster.GetCasterFlags(), 0u);
-    EXPECT_EQ(caster.GetLevel(), 0.0f);
-    EXPECT_TRUE(caster.GetClassGuid().isNull());
-    for (const Counter& counter : kCounters) {
-        for (int level = 0; level < 10; ++level)
-            EXPECT_EQ((caster.*counter.get)(level), 0) << counter.name << " " << level;
-    }
-}
-
 TEST(DSpellCasterTest, LevelsOutsideTheTableReadZeroAndAreNotWritten) {
     DSpellCaster caster;
     for (const Counter& counter : kCounters) {
@@ -204,11 +191,6 @@ TEST(DCharHistoryTest, DefaultsAndExClassBit) {
     history.SetIsExClass(false);
     EXPECT_EQ(history.GetHistoryFlags(), 0x6u);
     EXPECT_FALSE(history.GetIsExClass());
-}
-
-TEST(DCharHistoryTest, StoredSize) {
-    // Class name record "DCharHistory", then 16 + 4 + 4 + 16 + 4 + 4 + 4 field bytes.
-    EXPECT_EQ(storeObject(DCharHistory()).size(), 2 + 12 + 16 + 4 + 4 + 16 + 4 + 4 + 4);
 }
 
 TEST(DClassSkillTypeTest, OrdersByClassBytesThenSkill) {

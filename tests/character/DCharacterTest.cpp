@@ -146,20 +146,6 @@ protected:
 
 } // namespace
 
-TEST(DCharacterRecord, NewRecordHasTheDefaults) {
-    const DCharacter c;
-    EXPECT_EQ(c.GetCharacterName(), "New Character");
-    EXPECT_EQ(c.GetFileCharacterName(), "New Character");
-    EXPECT_EQ(c.GetPlayerName(), "Unknown");
-    EXPECT_EQ(c.GetAlignmentId(), 9);
-    EXPECT_EQ(c.GetSchool(), -1);
-    EXPECT_FALSE(c.HasPickedSchool());
-    EXPECT_EQ(c.GetNumProhibitedSchools(), 1);
-    EXPECT_TRUE(c.GetIsComplete());
-    EXPECT_EQ(c.GetLoadResult(), 0);
-    EXPECT_NE(c.GetRaceFileObject(), nullptr);
-}
-
 TEST(DCharacterRecord, AbilitiesAndPackedIncreases) {
     DCharacter c;
     // base, bonus, equip, user -> total; at least 1, and -1 for a nonability.

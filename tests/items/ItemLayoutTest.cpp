@@ -29,13 +29,6 @@ TEST(ItemLayout, MagicBonusIsThirtyThreeBytesInFieldOrder) {
               (QByteArray::fromHex("000B") + "DMagicBonus" + expected).toHex());
 }
 
-TEST(ItemLayout, MagicBonusStartsWithNoAbility) {
-    const DMagicBonus bonus(1, 2, 3);
-    EXPECT_EQ(bonus.GetTargetData(), -1);
-    EXPECT_EQ(bonus.GetSourceItemType(), 13);
-    EXPECT_TRUE(bonus.GetIsApplied());
-}
-
 TEST(ItemLayout, AttackInfoIsEightyOneBytesInFieldOrder) {
     DAttackInfo attack;
     attack.SetItemGuid(QUuid(QStringLiteral("{00112233-4455-6677-8899-AABBCCDDEEFF}")));

@@ -1,0 +1,74 @@
+// The "Monster Advancement" dialog on a ready ankheg (3 HD; 5-9 HD Huge): the rows it lists,
+// the range it offers, and a monster that cannot advance.
+#include "D_UIMonsterAdvanceDialog.h"
+
+#include "DCharacter.h"
+#include "DDatabase.h"
+#include "DFailureReporter.h"
+#include "DFileObject.h"
+#include "DHandBook.h"
+#include "DObjectManager.h"
+#include "DOptions.h"
+#include "FCReleaser.h"
+#include "TestSupport.h"
+
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class MonsterAdvanceDialogTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(mUser.isValid());
+        DFailureReporter::SetQuiet(true);
+        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
+        DOptions::SetUserDataPath(FCString(mUser.path()));
+        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
+        DObjectManager::StartUp();
+    }
+    void TearDown() override {
+        DDatabase::ShutDown();
+        DFailureReporter::SetQuiet(false);
+    }
+
+    static FCRef<DCharacter> Monster(const QString& race) {
+        FCRef<DFileObject> entry(
+            DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString(race + ".rac")));
+        FCRef<DCharacter> monster(new DCharacter());
+        DHandBook::SetupCharacterWithRace(monster.get(), entry.get());
+        DHandBook::CharacterSetup(monster.get(), true);
+        return monster;
+    }
+
+    QTemporaryDir mUser;
+};
+
+TEST_F(MonsterAdvanceDialogTest, OffersTheRaceRowsAndOnlyRaises) {
+    FCRef<DCharacter> ankheg = Monster(QStringLiteral("Ankheg"));
+    D_UIMonsterAdvanceDialog dialog;
+    ASSERT_TRUE(dialog.Setup(ankheg.get()));
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Monster Advancement"));
+    auto* rows = dialog.findChild<QTreeWidget*>("mAdvancementList");
+    ASSERT_EQ(rows->topLevelItemCount(), 1);
+    EXPECT_EQ(rows->topLevelItem(0)->text(0), QStringLiteral("5"));
+    EXPECT_EQ(rows->topLevelItem(0)->text(1), QStringLiteral("9"));
+    EXPECT_EQ(rows->topLevelItem(0)->text(2), QStringLiteral("Huge"));
+    auto* spin = dialog.findChild<QSpinBox*>("mNewHitDice");
+    EXPECT_EQ(spin->minimum(), 4);
+    EXPECT_EQ(spin->maximum(), 9);
+    spin->setValue(7);
+    EXPECT_FLOAT_EQ(dialog.GetNewHitDice(), 7.0f);
+
+    // An ogre has no advancement by hit dice: nothing to pick, and OK stays off.
+    FCRef<DCharacter> ogre = Monster(QStringLiteral("Ogre"));
+    EXPECT_FALSE(dialog.Setup(ogre.get()));
+    EXPECT_FALSE(dialog.findChild<QPushButton*>("mOk")->isEnabled());
+    EXPECT_EQ(rows->topLevelItemCount(), 0);
+}
+
+} // namespace
