@@ -93,6 +93,7 @@ FCString DTableRoller::FindObjectFile(const DFileObject& file) {
 
 DTableRoller::Outcome DTableRoller::Roll(const DTable& table) {
     mLoaded.clear();
+    mTableRolls = 0;
     Outcome outcome;
     outcome.roll = RollTable(table);
     Generate(table, 0, outcome.roll, outcome.results);
@@ -101,8 +102,12 @@ DTableRoller::Outcome DTableRoller::Roll(const DTable& table) {
 }
 
 int DTableRoller::RollTable(const DTable& table) {
-    // Fewer than no dice would be a nonsense count from a hand-made file.
-    return mDice(table.Die(), qMax(0, table.Count())) + table.Modifier();
+    return RollDice(table.Die(), table.Count()) + table.Modifier();
+}
+
+int DTableRoller::RollDice(int die, int count) {
+    // Fewer than no dice, or millions, come only from a damaged file.
+    return mDice(die, qBound(0, count, kMaxDice));
 }
 
 void DTableRoller::Generate(const DTable& table, int depth, int roll,
@@ -119,7 +124,7 @@ int DTableRoller::RowCount(const DTableItem& row, int roll) {
     case DTableItem::kCountFixed:
         return row.CountNumber();
     case DTableItem::kCountDice:
-        return mDice(row.CountDie(), qMax(0, row.CountNumber())) + row.CountModifier();
+        return RollDice(row.CountDie(), row.CountNumber()) + row.CountModifier();
     case DTableItem::kCountPercent:
         // Truncates toward zero, a negative roll too.
         return int(row.CountNumber() * 0.01 * roll);
@@ -166,6 +171,11 @@ DTableResult DTableRoller::Produce(const DTableItem& row, int count, int depth) 
         return result;
     }
     for (int i = 0; i < count; ++i) {
+        if (++mTableRolls > kMaxTableRolls) {
+            result.problem =
+                QStringLiteral("not rolled: more than %1 table rolls at once").arg(kMaxTableRolls);
+            break;
+        }
         const int roll = RollTable(*nested);
         result.rolls << roll;
         Generate(*nested, depth + 1, roll, result.children);

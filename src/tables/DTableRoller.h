@@ -18,6 +18,11 @@ class DTableRoller {
 public:
     // Nesting stops below this depth, the first table being depth 0.
     static constexpr int kMaxDepth = 32;
+    // A table naming itself twice would otherwise roll 2^32 times; past this many nested
+    // rolls in one Roll the rest are refused.
+    static constexpr int kMaxTableRolls = 10000;
+    // More dice than this in one throw come from a broken file, not a table anyone wrote.
+    static constexpr int kMaxDice = 10000;
 
     // The sum of `count` dice of `die` sides.
     using DiceSource = std::function<int(int die, int count)>;
@@ -45,6 +50,7 @@ public:
 private:
     void Generate(const DTable& table, int depth, int roll, std::vector<DTableResult>& out);
     int RollTable(const DTable& table);
+    int RollDice(int die, int count);
     int RowCount(const DTableItem& row, int roll);
     DTableResult Produce(const DTableItem& row, int count, int depth);
     const DTable* Nested(const DFileObject& file);
@@ -54,4 +60,5 @@ private:
     FileCheck mCheck;
     // Tables read during one roll, by file; a table naming itself is read once.
     std::map<QString, FCRef<DTable>> mLoaded;
+    int mTableRolls = 0;
 };

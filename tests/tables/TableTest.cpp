@@ -289,6 +289,26 @@ TEST(TableRoll, TableNamingItselfStopsAtTheDepthLimit) {
     EXPECT_EQ(world.loads, 1);
 }
 
+TEST(TableRoll, TableNamingItselfTwiceStopsAtTheRollLimit) {
+    // Each pass rolls itself twice: unchecked that is 2^33 rolls. The limit ends it, and the
+    // row that hit it says so.
+    auto self = makeTable(1, 1, 0);
+    addRow(*self, 1, 1, DTableItem::kElementTable, "Self")->setCountData(2, 0, 0);
+    World world;
+    world.tables["Self"] = self.get();
+    int rolls = 0;
+    DTableRoller roller([&rolls](int, int) { return ++rolls, 1; }, world.Loader(), World::Check());
+    const auto outcome = roller.Roll(*self);
+    // The first table's own roll, then the nested ones up to the limit.
+    EXPECT_EQ(rolls, 1 + DTableRoller::kMaxTableRolls);
+    const DTableResult* node = &outcome.results.at(0);
+    while (node->problem.isEmpty()) {
+        ASSERT_FALSE(node->children.empty());
+        node = &node->children.back();
+    }
+    EXPECT_EQ(node->problem, "not rolled: more than 10000 table rolls at once");
+}
+
 TEST(TableFile, SaveAndLoadKeepTheStoredFields) {
     QTemporaryDir dir;
     auto table = makeTable(3, 8, -2);
