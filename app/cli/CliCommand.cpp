@@ -39,6 +39,24 @@ bool CliCommand::RejectUnknownOptions(const QStringList& args, QString& error) {
     return true;
 }
 
+bool CliCommand::TakeOnlyOptions(QStringList& args,
+                                 const QList<std::pair<QString, QString*>>& options,
+                                 QString& error) {
+    for (const auto& [name, value] : options) {
+        if (!TakeOption(args, name, *value)) {
+            error = QStringLiteral("%1 is missing its value").arg(name);
+            return false;
+        }
+    }
+    if (!RejectUnknownOptions(args, error))
+        return false;
+    if (!args.isEmpty()) {
+        error = QStringLiteral("unexpected argument '%1' (see --help)").arg(args.first());
+        return false;
+    }
+    return true;
+}
+
 bool CliCommand::TakeSubcommand(QStringList& args, QString& sub, int& status) const {
     if (args.isEmpty() || WantsHelp(args)) {
         CliContext::PrintLine(Help());

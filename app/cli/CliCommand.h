@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <utility>
+
 class CliContext;
 
 // One top-level command of the program, such as "db" or "character".
@@ -29,6 +31,10 @@ protected:
     // naming the range otherwise.
     static bool ParseNumberOption(const QString& option, const QString& text, int min, int max,
                                   int& value, QString& error);
+    // Takes every named option into its string; then anything left, an unknown option or a
+    // stray word, is an error.
+    static bool TakeOnlyOptions(QStringList& args,
+                                const QList<std::pair<QString, QString*>>& options, QString& error);
     // Any argument left that starts with '-' is an unknown option.
     static bool RejectUnknownOptions(const QStringList& args, QString& error);
 };

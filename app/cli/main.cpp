@@ -5,6 +5,7 @@
 #include "DemoCommand.h"
 #include "FCRandom.h"
 #include "FeatsCommand.h"
+#include "GenerateCommand.h"
 #include "ItemsCommand.h"
 #include "MonsterCommand.h"
 #include "ObjectsCommand.h"
@@ -34,6 +35,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<SpellsCommand>());
     commands.push_back(std::make_unique<ItemsCommand>());
     commands.push_back(std::make_unique<MonsterCommand>());
+    commands.push_back(std::make_unique<GenerateCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
     commands.push_back(std::make_unique<TableCommand>());

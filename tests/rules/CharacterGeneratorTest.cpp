@@ -1,0 +1,93 @@
+// Random characters must stand by the rules whatever the dice: the level and class asked for,
+// an alignment the class allows, skill ranks within the limit of the level (level + 3 for a
+// class skill) and no points overspent, feats whose prerequisites hold, proficient armor, and
+// equipment paid from exactly the wealth of the level.
+#include "RulesTestSupport.h"
+
+#include "DCharStatType.h"
+#include "DCharacterGenerator.h"
+#include "DChosenFeat.h"
+#include "DChosenItem.h"
+#include "DChosenSkill.h"
+#include "DCurrency.h"
+#include "DSizeInfo.h"
+#include "FCRandom.h"
+
+namespace {
+
+using rulestest::Ref;
+
+class CharacterGeneratorTest : public rulestest::RulesFixture {
+protected:
+    void SetUp() override {
+        RulesFixture::SetUp();
+        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
+        DObjectManager::StartUp();
+    }
+};
+
+TEST_F(CharacterGeneratorTest, EveryDrawStandsByTheRules) {
+    const QStringList classes = {"Fighter", "Wizard", "Rogue", "Cleric", "Paladin", "Monk"};
+    for (int seed = 1; seed <= 12; ++seed) {
+        FC::SeedRandom(quint64(seed));
+        DCharacterGenerator::Request request;
+        request.classGuid = ClassGuid(classes[seed % classes.size()]);
+        request.level = 1 + (seed * 7) % 20;
+        QString error;
+        Ref<DCharacter> character(DCharacterGenerator::GenerateCharacter(request, error));
+        ASSERT_TRUE(character) << error.toStdString();
+        SCOPED_TRACE(QStringLiteral("seed %1, %2 %3")
+                         .arg(seed)
+                         .arg(classes[seed % classes.size()])
+                         .arg(request.level)
+                         .toStdString());
+        EXPECT_EQ(int(character->GetCharacterLevel()), request.level);
+        EXPECT_EQ(character->GetClassLevel(request.classGuid), request.level);
+        EXPECT_TRUE(DCharacterGenerator::IsAlignmentAllowed(request.classGuid,
+                                                            character->GetAlignmentId()));
+        for (const DCharacterClass* own : character->GetClassList())
+            EXPECT_GE(own->GetRemainingSkillPoints(), 0);
+        for (const auto& skill : character->GetSkillSet())
+            EXPECT_LE(skill->GetTotalRanks(), float(request.level + 3));
+        EXPECT_LE(character->GetCharacterStat(kStatSpentFeatPoints),
+                  character->GetCharacterStat(kStatFeatPoints));
+        for (const auto& feat : character->GetFeatSet()) {
+            DFeatPrereq failing;
+            EXPECT_FALSE(DHandBook::FindFailingFeatPrereq(character.get(), true,
+                                                          feat->GetFeatGuid(), failing))
+                << DHandBook::BuildFeatPrereqString(failing).toStdString();
+        }
+        EXPECT_EQ(character->GetCharacterStat(kStatNonProficientPenalty), 0);
+        // What was bought and what is left make the wealth of the level.
+        DCurrency total = character->GetCurrency();
+        total += character->GetInventoryValue();
+        EXPECT_EQ(total.GetCopperCost(), qint64(character->GetBaselineGold()) * 100);
+        EXPECT_GE(character->GetCurrency().GetCopperCost(), 0);
+    }
+}
+
+TEST_F(CharacterGeneratorTest, ASeedRepeatsAndMonstersKeepToTheirRange) {
+    auto describe = [](int seed) {
+        FC::SeedRandom(quint64(seed));
+        QString error;
+        Ref<DCharacter> character(
+            DCharacterGenerator::GenerateCharacter(DCharacterGenerator::Request(), error));
+        return QStringLiteral("%1 %2 %3 %4")
+            .arg(QString(character->GetCharacterName()))
+            .arg(double(character->GetCharacterLevel()))
+            .arg(character->GetAbilityStat(kAbilityStrength))
+            .arg(character->GetCharacterStat(kStatHitPoints));
+    };
+    EXPECT_EQ(describe(42), describe(42));
+
+    Ref<DFileObject> ankheg(
+        DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString("Ankheg.rac")));
+    QString error;
+    Ref<DCharacter> grown(DCharacterGenerator::GenerateMonster(ankheg.get(), 7, error));
+    ASSERT_TRUE(grown) << error.toStdString();
+    EXPECT_EQ(grown->GetSizeInfo()->GetSizeId(), 6);
+    EXPECT_EQ(DCharacterGenerator::GenerateMonster(ankheg.get(), 10, error), nullptr);
+    EXPECT_TRUE(error.contains(QStringLiteral("3 to 9"))) << error.toStdString();
+}
+
+} // namespace
