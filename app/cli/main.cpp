@@ -15,6 +15,7 @@
 #include "SpellsCommand.h"
 #include "StatblockCommand.h"
 #include "TableCommand.h"
+#include "TreasureCommand.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -36,6 +37,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<ItemsCommand>());
     commands.push_back(std::make_unique<MonsterCommand>());
     commands.push_back(std::make_unique<GenerateCommand>());
+    commands.push_back(std::make_unique<TreasureCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
     commands.push_back(std::make_unique<TableCommand>());
