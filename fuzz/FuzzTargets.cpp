@@ -2,6 +2,9 @@
 
 #include "DCharacter.h"
 #include "DRace.h"
+#include "DTable.h"
+#include "DTableRoller.h"
+#include "DTableText.h"
 #include "FCArchive.h"
 #include "FCObject.h"
 
@@ -59,6 +62,37 @@ int FuzzCharacterFile(const uint8_t* data, size_t size) {
     release(DCharacter::CreateFromFile(FCString(path), true, nullptr));
     release(DCharacter::CreateFromFile(FCString(path), false, nullptr));
     QFile::remove(path);
+    return 0;
+}
+
+int FuzzTableFile(const uint8_t* data, size_t size) {
+    const QString path = scratchFile("tbl");
+    if (!writeScratch(path, data, size))
+        return 0;
+    FCRef<DTable> table(DTable::CreateFromFile(FCString(path)));
+    QFile::remove(path);
+    if (!table)
+        return 0;
+    DTable* self = table.get();
+    DTableRoller roller([](int, int count) { return count; },
+                        [self](const DFileObject&) {
+                            self->Retain();
+                            return FCRef<DTable>(self);
+                        },
+                        [](const DFileObject&) { return true; });
+    roller.Roll(*table);
+    DTableText::CheckCoverage(*table);
+    DTableText::Write(*table);
+    return 0;
+}
+
+int FuzzTableText(const uint8_t* data, size_t size) {
+    FCRef<DTable> table(new DTable());
+    int line = 0;
+    QString error;
+    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), qsizetype(size));
+    if (DTableText::Parse(text, *table, line, error))
+        DTableText::CheckCoverage(*table);
     return 0;
 }
 

@@ -10,5 +10,9 @@ namespace hoardfuzz {
 int FuzzArchive(const uint8_t* data, size_t size);
 int FuzzRaceFile(const uint8_t* data, size_t size);
 int FuzzCharacterFile(const uint8_t* data, size_t size);
+// A table file is read, rolled with itself as every nested table, and written as text.
+int FuzzTableFile(const uint8_t* data, size_t size);
+// The tab-separated text form of a table.
+int FuzzTableText(const uint8_t* data, size_t size);
 
 } // namespace hoardfuzz

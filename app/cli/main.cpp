@@ -16,6 +16,7 @@
 #include "RulesCommand.h"
 #include "SpellsCommand.h"
 #include "StatblockCommand.h"
+#include "TableCommand.h"
 #include "TreasureCommand.h"
 
 #include <QCoreApplication>
@@ -43,6 +44,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<TreasureCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
+    commands.push_back(std::make_unique<TableCommand>());
     commands.push_back(std::make_unique<AbilitiesCommand>());
     commands.push_back(std::make_unique<StatblockCommand>(false));
     commands.push_back(std::make_unique<StatblockCommand>(true));

@@ -24,6 +24,7 @@
 #include "DiceGenFrame.h"
 #include "FCFileManager.h"
 #include "FCString.h"
+#include "TableGenFrame.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -105,6 +106,7 @@ void DeskMainWindow::BuildMenus() {
         dice->raise();
         dice->activateWindow();
     });
+    tools->addAction(tr("&Tables..."), this, [this] { OpenTables(); });
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About Hoard"), this, &DeskMainWindow::ShowAbout);
 }
@@ -420,4 +422,20 @@ void DeskMainWindow::ShowAbout() {
                           "for the open 3.5 rules.</p><p>Rules data: System Reference Document "
                           "3.5, Open Game License 1.0a.</p>")
                            .arg(QStringLiteral(HOARD_VERSION)));
+}
+
+QWidget* DeskMainWindow::OpenTables(const QString& rollName) {
+    // One table window: asking again brings it forward.
+    auto* tables = findChild<TableGenFrame*>();
+    if (!tables) {
+        tables = new TableGenFrame(this);
+        tables->setWindowFlag(Qt::Window);
+        tables->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    if (!rollName.isEmpty() && tables->SelectTable(rollName))
+        tables->Generate();
+    tables->show();
+    tables->raise();
+    tables->activateWindow();
+    return tables;
 }

@@ -27,6 +27,8 @@ public:
     // opened with the named style.
     void ShowStatBlockTab();
     void OpenPrintPreview(const QString& style);
+    // Tools → Tables…; with a name, that table is selected and rolled once.
+    QWidget* OpenTables(const QString& rollName = QString());
 
 private slots:
     void ChooseFileToOpen();

@@ -62,8 +62,10 @@ int main(int argc, char* argv[]) {
     const QCommandLineOption statBlockOption("stat-block", "Show the stat block tab.");
     const QCommandLineOption previewOption(
         "print-preview", "Open the print preview with the style sheet STYLE.", "STYLE");
-    parser.addOptions(
-        {dataOption, userOption, dbOption, quitOption, grabOption, statBlockOption, previewOption});
+    const QCommandLineOption tablesOption("tables", "Open the table window and roll NAME once.",
+                                          "NAME");
+    parser.addOptions({dataOption, userOption, dbOption, quitOption, grabOption, statBlockOption,
+                       previewOption, tablesOption});
     parser.addPositionalArgument("file", "A character file to open.", "[file]");
     parser.process(app);
 
@@ -78,15 +80,21 @@ int main(int argc, char* argv[]) {
         window.OpenFile(parser.positionalArguments().first());
     if (parser.isSet(statBlockOption))
         window.ShowStatBlockTab();
+    QWidget* tables =
+        parser.isSet(tablesOption) ? window.OpenTables(parser.value(tablesOption)) : nullptr;
     if (parser.isSet(quitOption)) {
         const QString screenshot = parser.value(grabOption);
-        QTimer::singleShot(parser.value(quitOption).toInt(), &window, [&window, screenshot] {
-            // A dialog open in front (the print preview) is what the picture shows.
-            QWidget* shown = QApplication::activeModalWidget();
-            if (!screenshot.isEmpty())
-                (shown ? shown : static_cast<QWidget*>(&window))->grab().save(screenshot);
-            QApplication::closeAllWindows();
-        });
+        QTimer::singleShot(
+            parser.value(quitOption).toInt(), &window, [&window, screenshot, tables] {
+                // A dialog open in front (the print preview) or the table window is what the
+                // picture shows.
+                QWidget* shown = QApplication::activeModalWidget();
+                if (!shown)
+                    shown = tables;
+                if (!screenshot.isEmpty())
+                    (shown ? shown : static_cast<QWidget*>(&window))->grab().save(screenshot);
+                QApplication::closeAllWindows();
+            });
     }
     if (parser.isSet(previewOption)) {
         const QString style = parser.value(previewOption);

@@ -5,6 +5,7 @@
 #include "DRace.h"
 #include "NameIndex.h"
 #include "RaceSourceReader.h"
+#include "TableSourceBuilder.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -67,8 +68,11 @@ int main(int argc, char* argv[]) {
     QCoreApplication app(argc, argv);
     const QStringList args = QCoreApplication::arguments();
     QTextStream err(stderr);
-    if (args.size() != 5 || args[1] != QStringLiteral("races")) {
-        err << "usage: hoard-coredata races RULES_DB SOURCE_DIR OUTPUT_DIR\n";
+    const bool races = args.size() == 5 && args[1] == QStringLiteral("races");
+    const bool tables = args.size() == 6 && args[1] == QStringLiteral("tables");
+    if (!races && !tables) {
+        err << "usage: hoard-coredata races RULES_DB SOURCE_DIR OUTPUT_DIR\n"
+               "       hoard-coredata tables RULES_DB SOURCE_DIR RACES_DIR OUTPUT_DIR\n";
         return 2;
     }
     if (!QFileInfo(args[2]).isFile()) {
@@ -81,7 +85,10 @@ int main(int argc, char* argv[]) {
     }
     int status = 0;
     try {
-        buildRaces(args[3], args[4]);
+        if (races)
+            buildRaces(args[3], args[4]);
+        else
+            TableSourceBuilder(args[3], args[4]).Build(args[5]);
     } catch (const CoreDataError& error) {
         err << error.text() << '\n';
         status = 1;

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <vector>
+
+// What one row of a rolled table gave. A nested table's rows hang under it as children.
+struct DTableResult {
+    int kind = 0;     // the row's element kind
+    QString name;     // file base name, or the text of a text row
+    int count = 0;    // how many
+    QString extra;    // the row's overrides, as "HD 4" or "Lvl 3; Elf"
+    QString problem;  // why the result could not be produced; empty if it could
+    QList<int> rolls; // a nested table: the roll of each pass
+    std::vector<DTableResult> children;
+};

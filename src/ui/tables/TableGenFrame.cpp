@@ -1,0 +1,191 @@
+#include "TableGenFrame.h"
+
+#include "DObjectManager.h"
+#include "DTable.h"
+#include "DTableRoller.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kFileRole = Qt::UserRole + 1;
+constexpr int kKindRole = Qt::UserRole + 2;
+
+// Numbers sort as numbers in the result list.
+class CountItem : public QTreeWidgetItem {
+public:
+    using QTreeWidgetItem::QTreeWidgetItem;
+    bool operator<(const QTreeWidgetItem& other) const override {
+        const int column = treeWidget() ? treeWidget()->sortColumn() : 0;
+        if (column == TableGenFrame::kColumnNumber)
+            return text(column).toInt() < other.text(column).toInt();
+        return QTreeWidgetItem::operator<(other);
+    }
+};
+
+QString headingOf(const DTableResult& result) {
+    if (!result.problem.isEmpty() && result.kind == DTableItem::kElementTable)
+        return QObject::tr("Not Rolled");
+    switch (result.kind) {
+    case DTableItem::kElementMonster:
+        return QObject::tr("Monster");
+    case DTableItem::kElementCharacter:
+        return QObject::tr("Character");
+    case DTableItem::kElementTreasure:
+        return QObject::tr("Treasure");
+    case DTableItem::kElementText:
+        return QObject::tr("Text");
+    default:
+        return QObject::tr("Not Rolled");
+    }
+}
+
+QString extraOf(const DTableResult& result) {
+    if (result.problem.isEmpty())
+        return result.extra;
+    return result.extra.isEmpty() ? result.problem : result.extra + "; " + result.problem;
+}
+
+} // namespace
+
+TableGenFrame::TableGenFrame(QWidget* parent) : QWidget(parent) {
+    setObjectName(QStringLiteral("TableGenFrame"));
+    setWindowTitle(tr("Table Generator"));
+    mList = new QTreeWidget(this);
+    mList->setObjectName(QStringLiteral("mList"));
+    mList->setHeaderLabels({tr("Name"), tr("Roll")});
+    mList->setRootIsDecorated(true);
+    mList->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    mGenerateList = new QTreeWidget(this);
+    mGenerateList->setObjectName(QStringLiteral("mGenerateList"));
+    mGenerateList->setHeaderLabels({tr("Name"), tr("Number"), tr("Extra")});
+    mGenerateList->setSortingEnabled(true);
+    mGenerateList->sortByColumn(kColumnName, Qt::AscendingOrder);
+    mGenerateList->header()->setSectionResizeMode(kColumnName, QHeaderView::Stretch);
+    mGenerateButton = new QPushButton(tr("&Generate"), this);
+    mGenerateButton->setObjectName(QStringLiteral("mGenerateButton"));
+    mGenerateButton->setEnabled(false);
+    mAppendBox = new QCheckBox(tr("&Append"), this);
+    mAppendBox->setObjectName(QStringLiteral("mAppendBox"));
+    mCloseButton = new QPushButton(tr("&Close"), this);
+    mCloseButton->setObjectName(QStringLiteral("mCloseButton"));
+    mRollLabel = new QLabel(this);
+    mRollLabel->setObjectName(QStringLiteral("mRollLabel"));
+
+    auto* splitter = new QSplitter(this);
+    splitter->addWidget(mList);
+    splitter->addWidget(mGenerateList);
+    splitter->setSizes({340, 420});
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(mGenerateButton);
+    buttons->addWidget(mAppendBox);
+    buttons->addWidget(mRollLabel, 1);
+    buttons->addWidget(mCloseButton);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(splitter, 1);
+    layout->addLayout(buttons);
+    resize(760, 440);
+
+    connect(mList, &QTreeWidget::itemSelectionChanged, this, &TableGenFrame::tableSelected);
+    connect(mList, &QTreeWidget::itemActivated, this, &TableGenFrame::Generate);
+    connect(mGenerateButton, &QPushButton::clicked, this, &TableGenFrame::Generate);
+    connect(mCloseButton, &QPushButton::clicked, this, &QWidget::close);
+    FillList();
+}
+
+void TableGenFrame::FillList() {
+    mList->clear();
+    for (const auto& entry : DObjectManager::GetTableSet()) {
+        FCRef<DTable> table(DTable::CreateFromFile(entry->GetAccessFilePath()));
+        const QString name = entry->GetBaseFileName();
+        // "Group, Leaf" lies under its group.
+        QTreeWidgetItem* parent = nullptr;
+        QString text = name;
+        if (const qsizetype comma = name.indexOf(','); comma > 0) {
+            const QString group = name.left(comma);
+            text = name.mid(comma + 1).trimmed();
+            const auto found = mList->findItems(group, Qt::MatchExactly);
+            parent = found.isEmpty() ? new QTreeWidgetItem(mList, {group}) : found.first();
+            parent->setExpanded(true);
+        }
+        auto* item =
+            parent ? new QTreeWidgetItem(parent, {text}) : new QTreeWidgetItem(mList, {text});
+        item->setText(1, table ? table->DieText() : tr("unreadable"));
+        item->setData(0, kFileRole, QString(entry->GetAccessFilePath()));
+        item->setData(0, Qt::ToolTipRole, name);
+    }
+}
+
+bool TableGenFrame::SelectTable(const QString& name) {
+    for (QTreeWidgetItemIterator it(mList); *it; ++it) {
+        if ((*it)->data(0, Qt::ToolTipRole).toString().compare(name, Qt::CaseInsensitive) == 0) {
+            mList->setCurrentItem(*it);
+            return true;
+        }
+    }
+    return false;
+}
+
+void TableGenFrame::tableSelected() {
+    const QTreeWidgetItem* item = mList->currentItem();
+    mGenerateButton->setEnabled(item && item->childCount() == 0 &&
+                                !item->data(0, kFileRole).toString().isEmpty());
+}
+
+void TableGenFrame::Generate() {
+    const QTreeWidgetItem* item = mList->currentItem();
+    if (!item || item->data(0, kFileRole).toString().isEmpty())
+        return;
+    if (!mAppendBox->isChecked())
+        mGenerateList->clear();
+    FCRef<DTable> table(DTable::CreateFromFile(FCString(item->data(0, kFileRole).toString())));
+    if (!table) {
+        mRollLabel->setText(tr("The table file cannot be read."));
+        return;
+    }
+    const DTableRoller::Outcome outcome = DTableRoller().Roll(*table);
+    mRollLabel->setText(tr("%1 rolled %2").arg(table->DieText()).arg(outcome.roll));
+    Gather(outcome.results);
+}
+
+void TableGenFrame::Gather(const std::vector<DTableResult>& results) {
+    for (const DTableResult& result : results) {
+        if (result.kind != DTableItem::kElementTable || !result.problem.isEmpty())
+            GeneratedItem(result);
+        Gather(result.children);
+    }
+}
+
+QTreeWidgetItem* TableGenFrame::Heading(const QString& text) {
+    for (int i = 0; i < mGenerateList->topLevelItemCount(); ++i) {
+        if (mGenerateList->topLevelItem(i)->text(kColumnName) == text)
+            return mGenerateList->topLevelItem(i);
+    }
+    auto* heading = new CountItem(mGenerateList, {text});
+    heading->setExpanded(true);
+    return heading;
+}
+
+void TableGenFrame::GeneratedItem(const DTableResult& result) {
+    QTreeWidgetItem* heading = Heading(headingOf(result));
+    const QString extra = extraOf(result);
+    // The same result with the same overrides is counted in one row.
+    for (int i = 0; i < heading->childCount(); ++i) {
+        QTreeWidgetItem* child = heading->child(i);
+        if (child->text(kColumnName) == result.name && child->text(kColumnExtra) == extra &&
+            child->data(0, kKindRole).toInt() == result.kind) {
+            child->setText(kColumnNumber,
+                           QString::number(child->text(kColumnNumber).toInt() + result.count));
+            return;
+        }
+    }
+    auto* child = new CountItem(heading, {result.name, QString::number(result.count), extra});
+    child->setData(0, kKindRole, result.kind);
+}
