@@ -107,6 +107,13 @@ DItemInfo* DItemInfo::SmartReadInfo(FCArchive& archive) {
     case kItemShield:
         shared = DDatabase::GetShieldInfo(guid);
         break;
+    case kItemGoods:
+        // Goods are loaded once like arms and armor; a query per stored item made loading an
+        // outfitted character slow.
+        shared = DDatabase::GetGoodsInfo(guid);
+        if (!shared)
+            return CreateFromDatabase(type, guid);
+        break;
     default:
         return CreateFromDatabase(type, guid);
     }

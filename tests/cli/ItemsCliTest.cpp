@@ -109,6 +109,73 @@ TEST_F(ItemsCli, AFighterBuysArmsAndArmor) {
     EXPECT_EQ(Show(file)["gold"].toInt(), startGold - 15 - 150);
 }
 
+TEST_F(ItemsCli, HandWorkedSheets) {
+    // A dwarf fighter 4, Str 14, Dex 13, in chainmail with a heavy steel shield and a dwarven
+    // waraxe, which dwarves wield as a martial weapon: 63 lb. is a medium load for Str 14, yet
+    // the dwarf keeps 20 ft.; AC 10 + 5 + 2 + Dex 1; the armor's -7 reaches Climb (Str +2).
+    const QString dwarf = mUser.path() + "/dwarf.chr";
+    ASSERT_EQ(Hoard({"character", "new", "--name", "Dain", "--race", "Dwarf", "--class", "Fighter",
+                     "--level", "4", "-o", dwarf})
+                  .status,
+              0);
+    ASSERT_EQ(Hoard({"character", "set-ability", dwarf, "STR", "14"}).status, 0);
+    ASSERT_EQ(Hoard({"character", "set-ability", dwarf, "DEX", "13"}).status, 0);
+    for (const char* item : {"Chainmail", "Shield, heavy steel", "Waraxe, dwarven"})
+        ASSERT_EQ(Hoard({"character", "add-item", dwarf, item, "--equip"}).status, 0) << item;
+    QJsonObject shown = Show(dwarf);
+    EXPECT_EQ(shown["ac"].toInt(), 18);
+    EXPECT_EQ(shown["load"].toString(), QStringLiteral("medium"));
+    EXPECT_EQ(shown["speed"].toInt(), 20);
+    EXPECT_EQ(shown["armor_check_penalty"].toInt(), -7);
+    double climb = 0;
+    for (const QJsonValue skill : shown["skills"].toArray()) {
+        if (skill.toObject()["name"].toString() == QLatin1String("Climb"))
+            climb = skill.toObject()["total"].toDouble();
+    }
+    EXPECT_EQ(climb, 2 - 7);
+    const QJsonObject axe = shown["attacks"].toArray()[0].toObject();
+    EXPECT_EQ(axe["text"].toString(), QStringLiteral("Waraxe, dwarven +6 (1d10+2/x3)"));
+
+    // A human wizard with Str 8 in chainmail (40 lb.): a medium load slows 30 ft. to 20 ft.
+    const QString wizard = mUser.path() + "/wizard.chr";
+    ASSERT_EQ(
+        Hoard({"character", "new", "--name", "Mialee", "--class", "Wizard", "-o", wizard}).status,
+        0);
+    ASSERT_EQ(Hoard({"character", "set-ability", wizard, "STR", "8"}).status, 0);
+    ASSERT_EQ(Hoard({"character", "add-item", wizard, "Chainmail"}).status, 0);
+    shown = Show(wizard);
+    EXPECT_EQ(shown["load"].toString(), QStringLiteral("medium"));
+    EXPECT_EQ(shown["speed"].toInt(), 20);
+
+    // An elf ranger 1 with Dex 16 and a masterwork composite longbow: +1 base, +3 Dex, +1
+    // masterwork; 1d8, x3, 110 ft. A +1 flaming longsword prices as +2: 15 + 300 + 8,000.
+    const QString ranger = mUser.path() + "/ranger.chr";
+    ASSERT_EQ(Hoard({"character", "new", "--name", "Soveliss", "--race", "Elf", "--class", "Ranger",
+                     "-o", ranger})
+                  .status,
+              0);
+    ASSERT_EQ(Hoard({"character", "set-ability", ranger, "DEX", "14"}).status, 0);
+    ASSERT_EQ(
+        Hoard({"character", "add-item", ranger, "Longbow, composite", "--masterwork", "--equip"})
+            .status,
+        0);
+    ASSERT_EQ(Hoard({"character", "add-item", ranger, "Longsword", "--enhancement", "1",
+                     "--ability", "Flaming"})
+                  .status,
+              0);
+    shown = Show(ranger);
+    const QJsonObject bow = shown["attacks"].toArray()[0].toObject();
+    EXPECT_EQ(bow["text"].toString(),
+              QStringLiteral("Longbow, composite, Masterwork +5 (1d8/x3), range 110 ft"));
+    double price = 0;
+    for (const QJsonValue value : shown["equipment"].toArray()) {
+        const QJsonObject item = value.toObject();
+        if (item["name"].toString().startsWith(QLatin1String("+1 Longsword")))
+            price = item["cost_gp"].toDouble();
+    }
+    EXPECT_DOUBLE_EQ(price, 8315.0);
+}
+
 TEST_F(ItemsCli, RefusalsNameTheReasonAndLeaveTheFile) {
     const QString file = MakeFighter();
     ASSERT_EQ(Hoard({"character", "add-item", file, "Greatsword", "--equip"}).status, 0);
