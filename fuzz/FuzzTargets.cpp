@@ -5,6 +5,7 @@
 #include "DTable.h"
 #include "DTableRoller.h"
 #include "DTableText.h"
+#include "DTreasure.h"
 #include "FCArchive.h"
 #include "FCObject.h"
 
@@ -62,6 +63,19 @@ int FuzzCharacterFile(const uint8_t* data, size_t size) {
     release(DCharacter::CreateFromFile(FCString(path), true, nullptr));
     release(DCharacter::CreateFromFile(FCString(path), false, nullptr));
     QFile::remove(path);
+    return 0;
+}
+
+int FuzzTreasureFile(const uint8_t* data, size_t size) {
+    const QString path = scratchFile("trs");
+    if (!writeScratch(path, data, size))
+        return 0;
+    FCRef<DTreasure> treasure(DTreasure::CreateFromFile(path));
+    QFile::remove(path);
+    if (treasure) {
+        DCurrency total;
+        treasure->GetTotalCost(total);
+    }
     return 0;
 }
 

@@ -10,6 +10,8 @@ namespace hoardfuzz {
 int FuzzArchive(const uint8_t* data, size_t size);
 int FuzzRaceFile(const uint8_t* data, size_t size);
 int FuzzCharacterFile(const uint8_t* data, size_t size);
+// A treasure file is read and its total worked out.
+int FuzzTreasureFile(const uint8_t* data, size_t size);
 // A table file is read, rolled with itself as every nested table, and written as text.
 int FuzzTableFile(const uint8_t* data, size_t size);
 // The tab-separated text form of a table.

@@ -4,7 +4,11 @@
 #include "FuzzTargets.h"
 
 #include "DCharacter.h"
+#include "DDatabase.h"
 #include "DRace.h"
+#include "DTreasure.h"
+#include "DTreasureGenerator.h"
+#include "FCRandom.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -59,4 +63,15 @@ TEST(FuzzCorpus, ReadersSurviveTheSeedsAndTheirDamagedCopies) {
     character.SetCharacterName(FCString("Seed"));
     ASSERT_TRUE(character.SaveToFile(FCString(saved)));
     replay(hoardfuzz::FuzzCharacterFile, hoardtest::readFile(saved));
+
+    // A treasure with coins, notes and items of the kinds a hoard holds.
+    ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
+    FC::SeedRandom(3);
+    DTreasure treasure;
+    DTreasureGenerator::GenerateTreasure(&treasure, 15);
+    treasure.SetNotes(QStringLiteral("seed"));
+    const QString hoard = dir.path() + "/seed.trs";
+    ASSERT_TRUE(treasure.SaveToFile(hoard));
+    replay(hoardfuzz::FuzzTreasureFile, hoardtest::readFile(hoard));
+    DDatabase::ShutDown();
 }
