@@ -57,6 +57,25 @@ bool CliCommand::TakeOnlyOptions(QStringList& args,
     return true;
 }
 
+bool CliCommand::BeginWithoutArguments(CliContext& context, const QStringList& args,
+                                       int& status) const {
+    status = 0;
+    if (WantsHelp(args)) {
+        CliContext::PrintLine(Help());
+        return false;
+    }
+    QString error;
+    if (!RejectUnknownOptions(args, error))
+        status = CliContext::Fail(error);
+    else if (!args.isEmpty())
+        status = CliContext::Fail(QStringLiteral("unexpected argument '%1'").arg(args.first()));
+    else if (!context.StartLibrary())
+        status = 1;
+    else
+        return true;
+    return false;
+}
+
 bool CliCommand::TakeSubcommand(QStringList& args, QString& sub, int& status) const {
     if (args.isEmpty() || WantsHelp(args)) {
         CliContext::PrintLine(Help());

@@ -24,6 +24,9 @@ protected:
     static bool WantsHelp(const QStringList& args) {
         return args.contains("--help") || args.contains("-h");
     }
+    // For a command that takes no arguments: prints the help when asked, refuses any argument
+    // and starts the library. False with the exit status in `status` when the run is over.
+    bool BeginWithoutArguments(CliContext& context, const QStringList& args, int& status) const;
     // Takes the subcommand word into `sub`. With no word or with --help it prints the help
     // instead and returns false, with the exit status in `status`.
     bool TakeSubcommand(QStringList& args, QString& sub, int& status) const;

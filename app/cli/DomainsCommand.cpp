@@ -17,17 +17,9 @@ QString DomainsCommand::Help() const {
 }
 
 int DomainsCommand::Run(CliContext& context, QStringList args) {
-    if (WantsHelp(args)) {
-        CliContext::PrintLine(Help());
-        return 0;
-    }
-    QString error;
-    if (!RejectUnknownOptions(args, error))
-        return CliContext::Fail(error);
-    if (!args.isEmpty())
-        return CliContext::Fail(QStringLiteral("unexpected argument '%1'").arg(args.first()));
-    if (!context.StartLibrary())
-        return 1;
+    int status = 0;
+    if (!BeginWithoutArguments(context, args, status))
+        return status;
     QJsonArray rows;
     DDatabase::ForEachRow(
         QString::asprintf("SELECT Name, DomainAbility FROM %s ORDER BY Name",

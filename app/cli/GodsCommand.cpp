@@ -20,17 +20,9 @@ QString GodsCommand::Help() const {
 }
 
 int GodsCommand::Run(CliContext& context, QStringList args) {
-    if (WantsHelp(args)) {
-        CliContext::PrintLine(Help());
-        return 0;
-    }
-    QString error;
-    if (!RejectUnknownOptions(args, error))
-        return CliContext::Fail(error);
-    if (!args.isEmpty())
-        return CliContext::Fail(QStringLiteral("unexpected argument '%1'").arg(args.first()));
-    if (!context.StartLibrary())
-        return 1;
+    int status = 0;
+    if (!BeginWithoutArguments(context, args, status))
+        return status;
     QJsonArray rows;
     DDatabase::ForEachRow(
         QString::asprintf("SELECT Guid, Name, AlignmentId FROM %s ORDER BY Name",
