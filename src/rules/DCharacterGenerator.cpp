@@ -20,6 +20,7 @@
 #include "DOffenseItem.h"
 #include "DRace.h"
 #include "DRulesQuery.h"
+#include "DSizeInfo.h"
 #include "DSkillInfo.h"
 #include "DWeaponInfo.h"
 #include "FCRandom.h"
@@ -36,6 +37,7 @@ constexpr int kTableAlignment = 5;
 constexpr int kBaseClassType = 1;
 constexpr int kMaxLevel = 20;
 constexpr int kMaxEnhancement = 5;
+constexpr int kMediumSize = 4;
 
 constexpr const char* kPlayerRaces[] = {"Dwarf",    "Elf",      "Gnome", "Half-Elf",
                                         "Half-Orc", "Halfling", "Human"};
@@ -201,25 +203,43 @@ FCRef<DItemInfo> Row(int itemType, const QString& name) {
 
 // The best of `names` the purse allows, made magic with the highest bonus a third of the
 // purse pays for; bought and equipped. False when nothing is affordable.
+// The heaviest load the character carries at a light load.
+float LightLoad(DCharacter& character) {
+    DCarryInfo carry;
+    const DSizeInfo* size = character.GetSizeInfo();
+    DHandBook::ComputeCarryingCapcity(character.GetAbilityStat(kAbilityStrength),
+                                      size ? size->GetSizeId() : kMediumSize, carry);
+    return carry.light;
+}
+
 bool BuyBest(DCharacter& character, int itemType, const QStringList& names) {
     for (const QString& name : names) {
-        FCRef<DItemInfo> row = Row(itemType, name);
-        if (!row)
+        FCRef<DItemInfo> listed = Row(itemType, name);
+        if (!listed)
             continue;
+        // Rows list arms and armor made for a Medium body: a smaller or larger buyer gets them
+        // made to fit, the same number of sizes away.
+        const DSizeInfo* body = character.GetSizeInfo();
+        const int shift = (body ? body->GetSizeId() : kMediumSize) - kMediumSize;
+        const int size = shift != 0 && listed->CanBeResized() ? listed->GetSizeType() + shift : -1;
+        FCRef<DItemInfo> fitted(DHandBook::CreateSizeAdjustedItem(&character, listed.get(), size));
+        DItemInfo* row = fitted ? fitted.get() : listed.get();
         DCoinData cost;
-        DHandBook::ComputeItemCost(row.get(), &character, 0, -1, cost);
+        DHandBook::ComputeItemCost(listed.get(), &character, 0, size, cost);
         DCurrency price;
         price.SetAmount(cost.GetCoinType(), cost.GetCoinCount());
-        const auto* weapon = FCDynamicCast<DWeaponInfo>(row.get());
+        const auto* weapon = FCDynamicCast<DWeaponInfo>(row);
+        // Nothing that the character cannot pay, wield, or carry at a light load.
         if (price.GetCopperCost() > Purse(character) ||
-            (weapon && DHandBook::GetCharacterWeaponUses(&character, weapon) == 0))
+            (weapon && DHandBook::GetCharacterWeaponUses(&character, weapon) == 0) ||
+            character.GetCarriedWeight() + row->GetWeight() > LightLoad(character))
             continue;
         FCRef<DChosenItem> item(new DChosenItem);
-        item->SetItemInfo(row.get());
+        item->SetItemInfo(row);
         item->SetMarketCost(cost.GetCoinCount(), cost.GetCoinType());
         for (int bonus = kMaxEnhancement; bonus >= 1; --bonus) {
             FCRef<DCustomMagicItemInfo> custom(new DCustomMagicItemInfo);
-            custom->SetBaseItemInfo(row.get());
+            custom->SetBaseItemInfo(row);
             custom->SetBonus(bonus);
             custom->SetCustomFlags(0x1);
             DCoinData magicCost;
@@ -232,7 +252,7 @@ bool BuyBest(DCharacter& character, int itemType, const QStringList& names) {
         }
         DHandBook::AddChosenItemToCharacter(&character, item.get(), false);
         DHandBook::ToggleItemCarryingStatus(&character, item.get(), false);
-        if (const auto* weapon = FCDynamicCast<DWeaponInfo>(row.get())) {
+        if (const auto* weapon = FCDynamicCast<DWeaponInfo>(row)) {
             const int uses = DHandBook::GetCharacterWeaponUses(&character, weapon);
             quint32 grip =
                 (uses & 1) ? DOffenseItem::kOffenseOneHand : DOffenseItem::kOffenseTwoHands;
