@@ -3,6 +3,7 @@
 #include "FCFile.h"
 #include "FCObject.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 
 #include <cstring>
@@ -216,7 +217,15 @@ FCObject* FCArchive::ReadFile(const QString& path, quint32 signature, bool heade
     FCFile file(path);
     if (!file.open(FCFile::ReadMode))
         return nullptr;
-    QDataStream stream(file.device());
+    // The whole file is read at once: the length checks before each field then cost nothing,
+    // where on the file itself every check and read asked the system for its size.
+    QIODevice* device = file.device();
+    if (device->size() > kMaxFileSize)
+        return nullptr;
+    QByteArray bytes = device->readAll();
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QDataStream stream(&buffer);
     FCArchive archive(&stream, Load);
     archive.mHeaderOnly = headerOnly;
     archive.SetFilePath(QFileInfo(path).absoluteFilePath());

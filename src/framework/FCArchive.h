@@ -29,6 +29,8 @@ public:
     static constexpr quint32 kMagic = 0x484F4152;
     static constexpr int kMaxClassNameLength = 64;
     static constexpr int kMaxDepth = 64;
+    // Object files are small; a larger file is not one of ours.
+    static constexpr qint64 kMaxFileSize = qint64(64) * 1024 * 1024;
 
     FCArchive(QDataStream* stream, int openType, bool ownsStream = false);
     FCArchive(const FCArchive&) = delete;
