@@ -1,13 +1,18 @@
 #include "FuzzTargets.h"
 
+#include "BuildError.h"
 #include "DCharacter.h"
 #include "DRace.h"
 #include "DTable.h"
 #include "DTableRoller.h"
 #include "DTableText.h"
 #include "DTreasure.h"
+#include "DXslTransform.h"
 #include "FCArchive.h"
 #include "FCObject.h"
+#include "RowFile.h"
+#include "RowResolver.h"
+#include "SchemaParser.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -28,6 +33,24 @@ bool writeScratch(const QString& path, const uint8_t* data, size_t size) {
     QFile file(path);
     return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
            file.write(reinterpret_cast<const char*>(data), qint64(size)) == qint64(size);
+}
+
+// The shipped schema, read once per process: the rows under test change, the tables do not.
+const QList<const TableDef*>& shippedTables() {
+    static const SchemaParser schema = [] {
+        SchemaParser parser;
+        const QDir folder(QStringLiteral(HOARD_RULES_SOURCE_DIR "/schema"));
+        for (const QString& name : folder.entryList({QStringLiteral("*.sql")}, QDir::Files))
+            parser.parseFile(folder.filePath(name));
+        return parser;
+    }();
+    static const QList<const TableDef*> tables = [] {
+        QList<const TableDef*> list;
+        for (const TableDef& table : schema.tables())
+            list.append(&table);
+        return list;
+    }();
+    return tables;
 }
 
 template <typename Object> void release(Object* object) {
@@ -107,6 +130,35 @@ int FuzzTableText(const uint8_t* data, size_t size) {
     const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), qsizetype(size));
     if (DTableText::Parse(text, *table, line, error))
         DTableText::CheckCoverage(*table);
+    return 0;
+}
+
+int FuzzXmlDocument(const uint8_t* data, size_t size) {
+    const QByteArray document =
+        QByteArray::fromRawData(reinterpret_cast<const char*>(data), qsizetype(size));
+    const QString sheets = QStringLiteral(HOARD_XML_SOURCE_DIR);
+    const DXslTransform transform({sheets});
+    QByteArray result;
+    QString error;
+    transform.Apply(document, QStringLiteral("fuzz.xml"),
+                    sheets + QStringLiteral("/Character/Stat Block.xsl"), result, error);
+    return 0;
+}
+
+int FuzzRuleRows(const uint8_t* data, size_t size) {
+    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), qsizetype(size));
+    const qsizetype end = text.indexOf(u'\n');
+    if (end < 0)
+        return 0;
+    try {
+        RowFile rows;
+        rows.parseText(text.mid(end + 1), QStringLiteral("fuzz.tsv"));
+        RowResolver resolver(shippedTables());
+        resolver.load(text.left(end), rows);
+        resolver.resolve();
+    } catch (const BuildError&) {
+        // A refused source is the expected answer to most inputs.
+    }
     return 0;
 }
 

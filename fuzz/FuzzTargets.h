@@ -16,5 +16,10 @@ int FuzzTreasureFile(const uint8_t* data, size_t size);
 int FuzzTableFile(const uint8_t* data, size_t size);
 // The tab-separated text form of a table.
 int FuzzTableText(const uint8_t* data, size_t size);
+// A document for the output style sheets, turned into a character stat block.
+int FuzzXmlDocument(const uint8_t* data, size_t size);
+// Rows of a rules source: the first line names the table ("[info Class]"), the rest is its
+// tab-separated rows, checked against the shipped schema as the rules compiler does.
+int FuzzRuleRows(const uint8_t* data, size_t size);
 
 } // namespace hoardfuzz

@@ -4,14 +4,17 @@
 #include "FuzzTargets.h"
 
 #include "DCharacter.h"
+#include "DCharacterXml.h"
 #include "DDatabase.h"
 #include "DRace.h"
 #include "DTreasure.h"
 #include "DTreasureGenerator.h"
+#include "DXslTransform.h"
 #include "FCRandom.h"
 #include "TestSupport.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -74,4 +77,37 @@ TEST(FuzzCorpus, ReadersSurviveTheSeedsAndTheirDamagedCopies) {
     ASSERT_TRUE(treasure.SaveToFile(hoard));
     replay(hoardfuzz::FuzzTreasureFile, hoardtest::readFile(hoard));
     DDatabase::ShutDown();
+}
+
+TEST(FuzzCorpus, OutputDocumentsAndRuleRowsSurviveDamage) {
+    // A character document as the program writes it for its style sheets.
+    ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
+    DCharacter character;
+    character.SetCharacterName(FCString("Seed <&> \"quoted\""));
+    const QByteArray document = DCharacterXml::ToBytes(&character, QString());
+    DDatabase::ShutDown();
+    // The seed must reach the whole sheet, or the damaged copies test only the parser.
+    const QString sheets = QStringLiteral(HOARD_XML_SOURCE_DIR);
+    QByteArray block;
+    QString error;
+    ASSERT_TRUE(DXslTransform({sheets}).Apply(document, "seed.xml",
+                                              sheets + "/Character/Stat Block.xsl", block, error))
+        << error.toStdString();
+    EXPECT_TRUE(block.contains("Seed <&>"));
+    replay(hoardfuzz::FuzzXmlDocument, document);
+
+    // Every tenth small shipped rules source, behind its table name as the entry expects.
+    const QDir rows(QStringLiteral(HOARD_RULES_SOURCE_DIR "/rows"));
+    int small = 0;
+    int replayed = 0;
+    for (const QFileInfo& file : rows.entryInfoList({"*.tsv"}, QDir::Files, QDir::Name)) {
+        if (file.size() > 600 || small++ % 10 != 0)
+            continue;
+        SCOPED_TRACE(file.fileName().toStdString());
+        const QByteArray bytes =
+            '[' + file.completeBaseName().toUtf8() + "]\n" + hoardtest::readFile(file.filePath());
+        replay(hoardfuzz::FuzzRuleRows, bytes);
+        ++replayed;
+    }
+    EXPECT_GT(replayed, 5);
 }
