@@ -85,13 +85,12 @@ int DemoCommand::Run(CliContext& context, QStringList args) {
     if (!buildTordek(character, dwarf))
         return CliContext::Fail(
             QStringLiteral("the race file %1 cannot be read").arg(dwarf->GetAccessFilePath()));
-    const QString characterPath = scratch.path() + "/Characters/Tordek.chr";
-    QDir().mkpath(scratch.path() + "/Characters");
+    // With -o the kept copy is the one read back and named, so the path printed stays valid.
+    const QString characterPath = keep.isEmpty() ? scratch.path() + "/Characters/Tordek.chr"
+                                                 : QFileInfo(keep).absoluteFilePath();
+    QDir().mkpath(QFileInfo(characterPath).absolutePath());
     if (!character.SaveToFile(FCString(characterPath)))
         return CliContext::Fail(QStringLiteral("cannot write %1").arg(characterPath));
-
-    if (!keep.isEmpty() && !character.SaveToFile(FCString(QFileInfo(keep).absoluteFilePath())))
-        return CliContext::Fail(QStringLiteral("cannot write %1").arg(keep));
     QString error;
     DCharacter* reloaded = CharacterCommand::LoadCharacter(characterPath, error);
     if (!reloaded)
