@@ -2,8 +2,11 @@
 
 #include "DClassInfo.h"
 #include "DDatabase.h"
+#include "DObjectManager.h"
+#include "DOptions.h"
 
 #include <QString>
+#include <QTemporaryDir>
 #include <QUuid>
 
 #include <cstdlib>
@@ -25,5 +28,27 @@ inline QUuid classGuid(const QString& name) {
     }
     return QUuid();
 }
+
+// The rules database and the ready objects started as the programs start them, with a scratch
+// user folder; both stopped again when it goes.
+struct Library {
+    QTemporaryDir userDir;
+    bool ready = false;
+
+    Library() {
+        DOptions::mAppPath = FCString(dataDir());
+        DOptions::SetUserDataPath(FCString(userDir.path()));
+        ready = DDatabase::StartUp(FCString(dataDir() + "/rules.db"));
+        if (ready)
+            DObjectManager::StartUp();
+    }
+    ~Library() {
+        if (ready)
+            DObjectManager::ShutDown();
+        DDatabase::ShutDown();
+    }
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+};
 
 } // namespace hoardbench

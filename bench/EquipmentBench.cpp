@@ -23,15 +23,12 @@ using hoardbench::dataDir;
 namespace {
 
 struct Workspace {
-    QTemporaryDir dir;
+    hoardbench::Library library;
     DCharacter* character = nullptr;
 
     Workspace() {
-        DOptions::mAppPath = FCString(dataDir());
-        DOptions::SetUserDataPath(FCString(dir.path()));
-        if (!DDatabase::StartUp(FCString(dataDir() + "/rules.db")))
+        if (!library.ready)
             return;
-        DObjectManager::StartUp();
         FCRef<DFileObject> human(
             DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString("Human.rac")));
         character = new DCharacter();
@@ -85,8 +82,6 @@ struct Workspace {
     ~Workspace() {
         if (character)
             character->Release();
-        DObjectManager::ShutDown();
-        DDatabase::ShutDown();
     }
 };
 
@@ -114,7 +109,7 @@ void BM_EquippedFighter20SaveAndLoad(benchmark::State& state) {
         state.SkipWithError("no rules database");
         return;
     }
-    const FCString path(workspace().dir.path() + "/fighter.chr");
+    const FCString path(workspace().library.userDir.path() + "/fighter.chr");
     for (auto _ : state) {
         if (!character->SaveToFile(path)) {
             state.SkipWithError("cannot save");

@@ -2,39 +2,15 @@
 #include "BenchSupport.h"
 #include "DCharacter.h"
 #include "DCharacterGenerator.h"
-#include "DDatabase.h"
-#include "DObjectManager.h"
-#include "DOptions.h"
 #include "DOutput.h"
 #include "FCRandom.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QTemporaryDir>
-
-using hoardbench::dataDir;
-
 namespace {
 
-struct Workspace {
-    QTemporaryDir dir;
-    bool ready = false;
-
-    Workspace() {
-        DOptions::mAppPath = FCString(dataDir());
-        DOptions::SetUserDataPath(FCString(dir.path()));
-        ready = DDatabase::StartUp(FCString(dataDir() + "/rules.db"));
-        if (ready)
-            DObjectManager::StartUp();
-    }
-    ~Workspace() {
-        DObjectManager::ShutDown();
-        DDatabase::ShutDown();
-    }
-};
-
-Workspace& workspace() {
-    static Workspace instance;
+hoardbench::Library& workspace() {
+    static hoardbench::Library instance;
     return instance;
 }
 

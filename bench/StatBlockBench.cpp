@@ -35,15 +35,12 @@ QUuid findGuid(const Map& map, const QString& wanted, Name name) {
 
 // A dwarf fighter 10 with six skills and five feats, set up once for the program.
 struct Workspace {
-    QTemporaryDir dir;
+    hoardbench::Library library;
     DCharacter* character = nullptr;
 
     Workspace() {
-        DOptions::mAppPath = FCString(dataDir());
-        DOptions::SetUserDataPath(FCString(dir.path()));
-        if (!DDatabase::StartUp(FCString(dataDir() + "/rules.db")))
+        if (!library.ready)
             return;
-        DObjectManager::StartUp();
         DFileObject* dwarf = nullptr;
         for (const auto& entry : DObjectManager::GetRaceFileSet()) {
             if (entry->GetBaseFileName() == QLatin1String("Dwarf"))
@@ -79,8 +76,6 @@ struct Workspace {
     ~Workspace() {
         if (character)
             character->Release();
-        DObjectManager::ShutDown();
-        DDatabase::ShutDown();
     }
 };
 
