@@ -88,7 +88,7 @@ QUuid FeatNamed(const QString& name) {
 }
 
 template <typename T> const T& Draw(const QList<T>& list) {
-    return list.at(FC::GetRandom(0, int(list.size()) - 1));
+    return list.at(FC::GetRandom(0, int(list.size())));
 }
 
 QList<QUuid> BaseClasses() {
@@ -341,7 +341,7 @@ DCharacter* DCharacterGenerator::GenerateCharacter(const Request& request, QStri
     }
     // Racial hit dice count toward the twenty levels.
     const int raceDice = int(character->GetRace()->GetHitDieCount());
-    int level = request.level > 0 ? request.level : FC::GetRandom(1, kMaxLevel);
+    int level = request.level > 0 ? request.level : FC::GetRandom(1, kMaxLevel + 1);
     level = std::max(1, std::min(level, kMaxLevel - raceDice));
     character->SetCharacterName(FCString(QStringLiteral("%1 %2").arg(
         QString(character->GetRace()->GetRaceName()), QString(classInfo->mName))));

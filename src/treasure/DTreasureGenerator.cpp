@@ -322,7 +322,7 @@ void DTreasureGenerator::PickGoods(DTreasure* treasure, int count, int treasureT
             [&goods](odbc::ResultSet* row) { goods << row->getGUID(1); });
         if (goods.isEmpty())
             continue;
-        const QUuid guid = goods.at(FC::GetRandom(0, int(goods.size()) - 1));
+        const QUuid guid = goods.at(FC::GetRandom(0, int(goods.size())));
         FCRef<DItemInfo> info(DHandBook::BuildItemInfo(gems ? kItemGem : kItemArtObject, guid));
         if (info)
             AddPricedItem(treasure, info.get(), DCoinData(value, coinType));
