@@ -233,7 +233,7 @@ int GenerateCommand::RunMonsters(CliContext& context, QStringList args) {
     }
     QList<DCharacter*> made;
     for (int i = 0; i < count; ++i) {
-        const QString name = pool.at(FC::GetRandom(0, int(pool.size()) - 1));
+        const QString name = pool.at(FC::GetRandom(0, int(pool.size())));
         DCharacter* monster =
             DCharacterGenerator::GenerateMonster(CliLookup::FindRace(name), hitDice, error);
         if (!monster) {

@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -43,6 +44,18 @@ TEST_F(GenerateCli, SeededRunsRepeatAndSaveWhereAsked) {
     const clitest::CliRun shown = Hoard({"--json", "monster", "show", folder + "/Ankheg 1.mon"});
     EXPECT_EQ(QJsonDocument::fromJson(shown.out.toUtf8()).object()["size"].toString(),
               QStringLiteral("Huge"));
+}
+
+TEST_F(GenerateCli, EveryMonsterOfAChallengeRatingCanComeUp) {
+    // Two ready monsters have challenge rating 15, the Marut and the Neothelid: twelve draws
+    // that never reach one of them would mean the pick leaves out a list's end.
+    const clitest::CliRun run =
+        Hoard({"--seed", "1", "--json", "generate", "monster", "--cr", "15", "--count", "12"});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    QSet<QString> races;
+    for (const QJsonValue value : QJsonDocument::fromJson(run.out.toUtf8()).array())
+        races << value.toObject()["race"].toString();
+    EXPECT_EQ(races, QSet<QString>({"Marut", "Neothelid"}));
 }
 
 TEST_F(GenerateCli, RefusalsNameTheReason) {
