@@ -1,8 +1,8 @@
 // A published monster advanced by ten hit dice across two size rows: the Owlbear (5 HD, Large)
 // to 15 HD, Huge from 9 HD on.
 #include "BenchSupport.h"
-#include "DCharacter.h"
 #include "DCharHistory.h"
+#include "DCharacter.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "FCReleaser.h"

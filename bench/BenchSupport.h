@@ -4,7 +4,9 @@
 #include "DDatabase.h"
 #include "DObjectManager.h"
 #include "DOptions.h"
+#include "DRace.h"
 
+#include <QDir>
 #include <QString>
 #include <QTemporaryDir>
 #include <QUuid>
@@ -49,6 +51,33 @@ struct Library {
     }
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
+};
+
+// The rules database and one humanoid race saved in a scratch user folder, shaped by `shape`
+// before it is saved; `ok` once both are there.
+struct UserRace {
+    QTemporaryDir userDir;
+    DFileObject* race = nullptr;
+    bool ok = false;
+
+    template <typename Shape> UserRace(const QString& name, Shape shape) {
+        DOptions::SetUserDataPath(FCString(userDir.path()));
+        QDir().mkpath(userDir.path() + "/Races");
+        if (!DDatabase::StartUp(FCString(dataDir() + "/rules.db")))
+            return;
+        DRace made;
+        made.SetClassGuid(classGuid("Humanoid"));
+        shape(made);
+        ok = made.SaveToFile(FCString(userDir.path() + "/Races/" + name + ".rac"));
+        race = DObjectManager::CreateFileObject(kObjectRace, kFileUser, FCString(name + ".rac"));
+    }
+    ~UserRace() {
+        if (race)
+            race->Release();
+        DDatabase::ShutDown();
+    }
+    UserRace(const UserRace&) = delete;
+    UserRace& operator=(const UserRace&) = delete;
 };
 
 } // namespace hoardbench

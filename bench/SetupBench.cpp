@@ -13,41 +13,16 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QDir>
-#include <QTemporaryDir>
 
 #include <cstdlib>
 
 using hoardbench::classGuid;
-using hoardbench::dataDir;
 
 namespace {
 
 // The rules database and a human race in a scratch user folder, for the whole program.
-struct Workspace {
-    QTemporaryDir dir;
-    DFileObject* race = nullptr;
-    bool ok = false;
-
-    Workspace() {
-        DOptions::SetUserDataPath(FCString(dir.path()));
-        QDir().mkpath(dir.path() + "/Races");
-        if (!DDatabase::StartUp(FCString(dataDir() + "/rules.db")))
-            return;
-        DRace human;
-        human.SetClassGuid(classGuid("Humanoid"));
-        human.SetHitDieCount(1.0f);
-        ok = human.SaveToFile(FCString(dir.path() + "/Races/Human.rac"));
-        race = DObjectManager::CreateFileObject(kObjectRace, kFileUser, FCString("Human.rac"));
-    }
-    ~Workspace() {
-        race->Release();
-        DDatabase::ShutDown();
-    }
-};
-
-Workspace& workspace() {
-    static Workspace instance;
+hoardbench::UserRace& workspace() {
+    static hoardbench::UserRace instance("Human", [](DRace& human) { human.SetHitDieCount(1.0f); });
     return instance;
 }
 

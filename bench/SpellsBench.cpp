@@ -14,43 +14,20 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QDir>
-#include <QTemporaryDir>
 
 #include <cstdlib>
 
 using hoardbench::classGuid;
-using hoardbench::dataDir;
 
 namespace {
 
 // The rules database and a race with Int 20 in a scratch user folder.
-struct Workspace {
-    QTemporaryDir dir;
-    DFileObject* race = nullptr;
-    bool ok = false;
-
-    Workspace() {
-        DOptions::SetUserDataPath(FCString(dir.path()));
-        QDir().mkpath(dir.path() + "/Races");
-        if (!DDatabase::StartUp(FCString(dataDir() + "/rules.db")))
-            return;
-        DRace scholar;
-        scholar.SetClassGuid(classGuid("Humanoid"));
+hoardbench::UserRace& workspace() {
+    static hoardbench::UserRace instance("Scholar", [](DRace& scholar) {
         for (int ability = 0; ability < kAbilityCount; ++ability)
             scholar.SetAbility(ability, 10);
         scholar.SetAbility(kAbilityIntelligence, 20);
-        ok = scholar.SaveToFile(FCString(dir.path() + "/Races/Scholar.rac"));
-        race = DObjectManager::CreateFileObject(kObjectRace, kFileUser, FCString("Scholar.rac"));
-    }
-    ~Workspace() {
-        race->Release();
-        DDatabase::ShutDown();
-    }
-};
-
-Workspace& workspace() {
-    static Workspace instance;
+    });
     return instance;
 }
 
