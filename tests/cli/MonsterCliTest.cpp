@@ -56,6 +56,26 @@ TEST_F(MonsterCli, AnAnkhegGrowsHugeAndBack) {
     EXPECT_EQ(back["abilities"].toObject(), base["abilities"].toObject());
 }
 
+TEST_F(MonsterCli, AnUndeadWithoutConstitutionGrowsLarge) {
+    // The bodak (Medium undead, 9d12, Str 13, Dex 15, no Con, Wis 12, natural armor +8) is
+    // Large from 14 HD: Str 21, Dex 13, still no Con, natural armor +10. Undead hit dice are
+    // d12 at 6.5 with nothing added for Constitution; half base attack; good Will only.
+    const QJsonObject large = Json({"advance", "Bodak", "--hd", "14"});
+    EXPECT_EQ(large["size"].toString(), QStringLiteral("Large"));
+    const QJsonObject abilities = large["abilities"].toObject();
+    EXPECT_EQ(abilities["str"].toInt(), 21);
+    EXPECT_EQ(abilities["dex"].toInt(), 13);
+    EXPECT_TRUE(abilities["con"].isNull());
+    EXPECT_EQ(large["natural_armor"].toInt(), 10);
+    EXPECT_EQ(large["hp"].toInt(), 91);
+    EXPECT_EQ(large["ac"].toInt(), 10 - 1 + 1 + 10);
+    EXPECT_EQ(large["base_attack"].toInt(), 7);
+    EXPECT_EQ(large["grapple"].toInt(), 7 + 4 + 5);
+    EXPECT_EQ(large["fortitude"].toInt(), 4);
+    EXPECT_EQ(large["reflex"].toInt(), 4 + 1);
+    EXPECT_EQ(large["will"].toInt(), 2 + 7 + 1);
+}
+
 TEST_F(MonsterCli, RefusalsNameTheReason) {
     const struct {
         QStringList args;
