@@ -81,30 +81,6 @@ protected:
 
 } // namespace
 
-TEST_F(DiceGenFrameTest, FillsDiceAndQuickButtonsFromTheRules) {
-    const DiceGenFrame frame;
-    // "[types Dice]" from id 2 on: the fixed single point (id 1) is no die to roll.
-    const auto* die = part<QComboBox>(frame, "mDie");
-    ASSERT_NE(die, nullptr);
-    const std::vector<std::pair<int, QString>> dice = {{2, "d2"},   {3, "d3"},   {4, "d4"},
-                                                       {6, "d6"},   {8, "d8"},   {10, "d10"},
-                                                       {12, "d12"}, {20, "d20"}, {100, "d100"}};
-    ASSERT_EQ(die->count(), int(dice.size()));
-    for (int i = 0; i < die->count(); ++i) {
-        EXPECT_EQ(die->itemData(i).toInt(), dice[size_t(i)].first) << i;
-        EXPECT_EQ(die->itemText(i), dice[size_t(i)].second) << i;
-    }
-    // The rows of "[info Die Quick Buttons]".
-    const char* captions[] = {"&1. Quick d20", "&2. Quick d100", "&3. Quick d4",
-                              "&4. Quick d6",  "&5. Quick d8",   "&6. Quick d10",
-                              "&7. Quick d12", "&8. Quick 3d6",  "&9. Quick 4d6"};
-    for (int id = 1; id <= 9; ++id) {
-        const auto* button = part<QPushButton>(frame, QStringLiteral("mQuick%1").arg(id));
-        ASSERT_NE(button, nullptr);
-        EXPECT_EQ(button->text(), QString::fromLatin1(captions[id - 1])) << id;
-    }
-}
-
 TEST_F(DiceGenFrameTest, DieChoiceSetsTheModifierFloor) {
     const DiceGenFrame frame;
     auto* die = part<QComboBox>(frame, "mDie");
