@@ -1,7 +1,10 @@
 #include "TreasureJson.h"
 
 #include "DCurrency.h"
+#include "DCursedItemGenerator.h"
 #include "DDatabase.h"
+#include "DIntelligentData.h"
+#include "DIntelligentItemGenerator.h"
 #include "DItem.h"
 #include "DItemType.h"
 #include "DMagicItemInfo.h"
@@ -10,6 +13,7 @@
 #include "DSpell.h"
 #include "ResultSet.h"
 
+#include <QJsonArray>
 #include <QJsonValue>
 #include <QStringList>
 
@@ -87,16 +91,36 @@ double TreasureJson::Gold(const DCurrency& money) {
 QJsonObject TreasureJson::Item(const DItem& item) {
     DCurrency value;
     item.GetMarketCost(value);
-    return QJsonObject{
-        {"name", ItemName(item)},          {"kind", KindName(item)},
-        {"class", ClassOf(item)},          {"count", item.GetCount()},
-        {"value_gp", Gold(value)},         {"intelligent", item.GetIsIntelligentItem()},
-        {"cursed", item.GetIsCursedItem()}};
+    const QString curse = DCursedItemGenerator::GetCurseDescription(item);
+    QJsonObject object{{"name", ItemName(item)},    {"kind", KindName(item)},
+                       {"class", ClassOf(item)},    {"count", item.GetCount()},
+                       {"value_gp", Gold(value)},   {"intelligent", item.GetIsIntelligentItem()},
+                       {"cursed", !curse.isEmpty()}};
+    const auto* magic = FCDynamicCast<DMagicItemInfo>(item.GetItemInfo());
+    if (const auto* mind =
+            magic ? FCDynamicCast<DIntelligentData>(magic->GetIntelligentData()) : nullptr) {
+        object.insert("ego", DIntelligentItemGenerator::GetItemEgo(item));
+        object.insert("alignment", DIntelligentItemGenerator::GetAlignmentName(*mind));
+        object.insert("powers",
+                      QJsonArray::fromStringList(DIntelligentItemGenerator::GetPowerNames(*mind)));
+    }
+    if (!curse.isEmpty())
+        object.insert("curse", curse);
+    return object;
 }
 
 QString TreasureJson::ItemLine(const QJsonObject& item) {
-    return QStringLiteral("%1 (%2%3, %4 gp)")
+    QString notes;
+    if (item.contains("ego"))
+        notes += QStringLiteral("; intelligent, %1, ego %2: %3")
+                     .arg(item["alignment"].toString())
+                     .arg(item["ego"].toInt())
+                     .arg(item["powers"].toVariant().toStringList().join(QStringLiteral(", ")));
+    if (item.contains("curse"))
+        notes += QStringLiteral("; cursed: ") + item["curse"].toString();
+    return QStringLiteral("%1 (%2%3, %4 gp%5)")
         .arg(item["name"].toString(), item["kind"].toString(),
              item["class"].isNull() ? QString() : QStringLiteral(", ") + item["class"].toString())
-        .arg(item["value_gp"].toDouble());
+        .arg(item["value_gp"].toDouble())
+        .arg(notes);
 }

@@ -16,7 +16,8 @@ public:
     static QString ItemName(const DItem& item);
     // "weapon", "armor", "potion", ... "gem", "art" or "mundane".
     static QString KindName(const DItem& item);
-    // {"name","kind","class","count","value_gp","intelligent","cursed"}.
+    // {"name","kind","class","count","value_gp","intelligent","cursed"}, and "ego",
+    // "alignment", "powers" for an intelligent item, "curse" for a cursed one.
     static QJsonObject Item(const DItem& item);
     // One line: "NAME (KIND, CLASS, VALUE gp)".
     static QString ItemLine(const QJsonObject& item);

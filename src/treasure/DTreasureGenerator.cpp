@@ -3,10 +3,13 @@
 #include "DAlignmentInfo.h"
 #include "DArmorShieldBaseInfo.h"
 #include "DCoinData.h"
+#include "DCursedItemGenerator.h"
 #include "DCustomMagicItemInfo.h"
 #include "DDatabase.h"
 #include "DDieRoller.h"
 #include "DHandBook.h"
+#include "DIntelligentData.h"
+#include "DIntelligentItemGenerator.h"
 #include "DItemType.h"
 #include "DMagicItemInfo.h"
 #include "DPotionInfo.h"
@@ -761,6 +764,15 @@ DItem* DTreasureGenerator::CreateMagicItem(int treasureType, int kind) {
     DItem* item = PickMagicItemOfKind(treasureType, kind);
     if (!item)
         return nullptr;
+    // A mind and a curse never come together.
+    if (DIntelligentItemGenerator::ShouldItemBeIntelligent(item)) {
+        auto* magic = FCDynamicCast<DMagicItemInfo>(item->GetItemInfo());
+        FCRef<DIntelligentData> data(DIntelligentItemGenerator::GenerateIntelligentData());
+        if (magic && data)
+            magic->SetIntelligentData(data.get());
+    } else if (DCursedItemGenerator::ShouldItemBeCursed(item)) {
+        DCursedItemGenerator::GenerateCursedItem(item);
+    }
     return item;
 }
 
