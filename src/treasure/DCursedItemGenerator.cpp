@@ -76,9 +76,9 @@ DItemInfo* BuildSpecificItem(const Row& row, DCoinData& price) {
             return nullptr;
         auto* custom = new DCustomMagicItemInfo;
         custom->SetBaseItemInfo(base);
-        custom->SetMagicType(itemType == kItemWeapon  ? kMagicWeaponGroup
-                             : itemType == kItemArmor ? kMagicArmorGroup
-                                                      : kMagicShieldGroup);
+        custom->SetMagicType(itemType == kItemWeapon  ? kMagicCustomWeapon
+                             : itemType == kItemArmor ? kMagicCustomArmor
+                                                      : kMagicCustomShield);
         custom->SetQualityType(
             DTreasureGenerator::GetMagicQuality(DTreasureGenerator::kTreasureMajor));
         const auto* weapon = FCDynamicCast<DWeaponInfo>(base);

@@ -80,6 +80,7 @@ constexpr int kMaxLevel = 20;
 constexpr int kMaxExtraLevel = 30;
 // An item's enhancement bonus and the bonus value of its abilities stay within this total.
 constexpr int kMaxTotalBonus = 10;
+constexpr int kMaxAbilityRounds = 200;
 // Charges of a freshly found staff or wand run from 1 to 50.
 constexpr int kMaxCharges = 50;
 constexpr int kCasterArcane = 1;
@@ -357,8 +358,9 @@ DItem* PickMagicArmorOrShield(int treasureType, int abilities = 0) {
     const bool specific = itemType >= 3;
     const int bonus =
         specific ? static_cast<DArmorShieldBaseInfo*>(base)->GetMagicBonus() : row->Int("Bonus");
-    return CreateCustomMagicItem(base, treasureType, shield ? kMagicShieldGroup : kMagicArmorGroup,
-                                 bonus, specific, abilities);
+    return CreateCustomMagicItem(base, treasureType,
+                                 shield ? kMagicCustomShield : kMagicCustomArmor, bonus, specific,
+                                 abilities);
 }
 
 DItem* PickMagicWeapon(int treasureType, int abilities = 0) {
@@ -384,7 +386,7 @@ DItem* PickMagicWeapon(int treasureType, int abilities = 0) {
     if (!base)
         return nullptr;
     const bool specific = itemType == 2;
-    return CreateCustomMagicItem(base, treasureType, kMagicWeaponGroup,
+    return CreateCustomMagicItem(base, treasureType, kMagicCustomWeapon,
                                  specific ? base->GetMagicBonus() : row->Int("Bonus"), specific,
                                  abilities);
 }
@@ -780,7 +782,9 @@ void DTreasureGenerator::AddSpecialAbilitiesFromTable(int treasureType, DCustomM
                                                       int count) {
     if (!item)
         return;
-    while (count > 0) {
+    // Rerolls of abilities the item already has could run on when the class's table holds
+    // few; a bound on the rounds keeps that finite.
+    for (int round = 0; count > 0 && round < kMaxAbilityRounds; ++round) {
         --count;
         if (AddOneSpecialAbility(treasureType, item, count))
             count = 0;
