@@ -175,10 +175,15 @@ QString refuseRace(DFileObject* entry, DAnimalType type, const QString& name) {
     RacePtr race(DRace::CreateFromFile(entry->GetAccessFilePath(), true));
     if (!race)
         return QStringLiteral("the race file %1 cannot be read").arg(entry->GetAccessFilePath());
-    if (!race->HasRaceFlag(DCompanionRules::GetRaceFlag(type)))
-        return QStringLiteral("a %1 cannot be a %2 (its race is not marked so; see `hoard race "
-                              "show`)")
-            .arg(name, DCompanionRules::GetTypeName(type));
+    if (!race->HasRaceFlag(DCompanionRules::GetRaceFlag(type))) {
+        const QString kindName = DCompanionRules::GetTypeName(type);
+        const QString article = QStringLiteral("aeiou").contains(kindName.at(0))
+                                    ? QStringLiteral("an")
+                                    : QStringLiteral("a");
+        return QStringLiteral("%1 cannot serve as %2 %3 (its race is not marked so; see `hoard "
+                              "race show`)")
+            .arg(name, article, kindName);
+    }
     return {};
 }
 
