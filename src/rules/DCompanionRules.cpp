@@ -1,17 +1,21 @@
 #include "DCompanionRules.h"
 
+#include "DCharFlags.h"
 #include "DCharHistory.h"
 #include "DCharStatType.h"
 #include "DCharacter.h"
 #include "DCharacterClass.h"
 #include "DChosenAnimal.h"
+#include "DChosenSkill.h"
 #include "DClassInfo.h"
 #include "DDatabase.h"
+#include "DFamiliarBonus.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "DRace.h"
 #include "DRuleGuids.h"
 #include "DRulesQuery.h"
+#include "DTargetData.h"
 #include "ResultSet.h"
 
 #include <algorithm>
@@ -196,13 +200,59 @@ DChosenAnimal* DCompanionRules::AddCharacterAnimal(DCharacter* character,
         animal->Release();
         return nullptr;
     }
+    // The one it replaces takes its gifts back; the master's hit points may move with them.
+    RemoveCharacterAnimal(character, type);
     character->SetAnimal(type, animal);
+    UpdateAnimalHitPoints(character);
+    if (type == kFamiliar)
+        HandleFamiliarBonuses(character, animal, false);
     return animal;
 }
 
 void DCompanionRules::RemoveCharacterAnimal(DCharacter* character, DAnimalType type) {
-    if (character)
-        character->SetAnimal(type, nullptr);
+    if (!character || !character->GetAnimal(type))
+        return;
+    if (type == kFamiliar)
+        HandleFamiliarBonuses(character, character->GetAnimal(type), true);
+    character->SetAnimal(type, nullptr);
+}
+
+void DCompanionRules::HandleFamiliarBonuses(DCharacter* master, const DChosenAnimal* animal,
+                                            bool remove) {
+    // Rows of "[types Familiar Bonus]".
+    constexpr int kLastAbility = 5;
+    constexpr int kFirstSave = 6;
+    constexpr int kLastSave = 8;
+    constexpr int kHitPoints = 9;
+    constexpr int kSkill = 10;
+    const DCharacter* creature = GetAnimal(animal);
+    const DRace* race = creature ? creature->GetRace() : nullptr;
+    if (!master || !race)
+        return;
+    for (const DFamiliarBonus* bonus : race->GetFamiliarBonusArray()) {
+        const int value = remove ? -bonus->GetBonus() : bonus->GetBonus();
+        const int type = bonus->GetBonusType();
+        if (type >= 0 && type <= kLastAbility) {
+            DHandBook::AdjustCharacterAbilityStatBonus(master, DAbilityStatType(type), value,
+                                                       false);
+        } else if (type >= kFirstSave && type <= kLastSave) {
+            const DSaveType save = DSaveType(type - kFirstSave);
+            master->AdjustCharacterStat(DCharStatType(kStatFamiliarFortitude + int(save)), value);
+            DHandBook::ComputeAndSetSavingThrows(master, save);
+        } else if (type == kHitPoints) {
+            DHandBook::AdjustHitPointsForBonus(master, kStatFamiliarHitPoints, value);
+        } else if (type == kSkill) {
+            const auto* target = FCDynamicCast<DTargetData>(bonus->GetTargetData());
+            DChosenSkill* skill =
+                target ? DHandBook::GetChosenSkillForCharacter(master, target->GetTargetGuid(),
+                                                               target->GetTargetSubGuid(), !remove)
+                       : nullptr;
+            if (skill) {
+                skill->SetFamiliarMod(skill->GetFamiliarMod() + value);
+                master->AddChangeFlag(kChangeSkillAbilityMagic);
+            }
+        }
+    }
 }
 
 DCharacter* DCompanionRules::GetAnimal(const DChosenAnimal* animal) {
@@ -262,7 +312,7 @@ void DCompanionRules::UpdateAnimals(DCharacter* master) {
         if (CanCharacterHaveAnimal(master, type))
             AnimalSetup(master, animal);
         else
-            master->SetAnimal(type, nullptr);
+            RemoveCharacterAnimal(master, type);
     }
 }
 

@@ -55,7 +55,11 @@ public:
     // cannot be read.
     static DChosenAnimal* AddCharacterAnimal(DCharacter* character, const DFileObject& raceEntry,
                                              DAnimalType type);
+    // Takes a familiar's gifts back from its master first.
     static void RemoveCharacterAnimal(DCharacter* character, DAnimalType type);
+    // What a familiar's race gives its master (an ability, a save, hit points, a skill), or with
+    // `remove` takes it back. Applied once, when the familiar comes: the master's file keeps it.
+    static void HandleFamiliarBonuses(DCharacter* master, const DChosenAnimal* animal, bool remove);
     // The creature of the record, or null before it is built.
     static DCharacter* GetAnimal(const DChosenAnimal* animal);
 

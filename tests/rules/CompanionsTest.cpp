@@ -6,7 +6,9 @@
 #include "DCharacterClass.h"
 #include "DChosenAnimal.h"
 #include "DChosenFeature.h"
+#include "DChosenSkill.h"
 #include "DCompanionRules.h"
+#include "DSkillInfo.h"
 
 #include <algorithm>
 
@@ -202,6 +204,51 @@ TEST_F(CompanionsTest, WhoMayHaveWhichCompanionAndAtWhatLevel) {
     EXPECT_EQ(familiar->GetCharacterStat(kStatHitPoints), 22);
     DHandBook::SetCharacterHitPoints(mage.get(), 1, false);
     EXPECT_EQ(familiar->GetCharacterStat(kStatHitPoints), 0);
+}
+
+// The open rules' familiar table: a toad gives its master +3 hit points, a rat +2 on Fortitude
+// saves, a cat +3 on Move Silently. Each familiar that replaces another takes the other's gift
+// back first; letting the last go leaves the master as he was.
+TEST_F(CompanionsTest, AFamiliarsGiftComesAndGoesWithIt) {
+    QUuid moveSilently;
+    for (const auto& [guid, info] : DDatabase::GetSkillInfoMap()) {
+        if (static_cast<const DSkillInfo*>(info)->GetSkillName() == "Move Silently")
+            moveSilently = guid;
+    }
+    ASSERT_FALSE(moveSilently.isNull());
+    Ref<DCharacter> master = Master("Sorcerer", 2);
+    const int hitPoints = master->GetCharacterStat(kStatHitPoints);
+    const int fortitude = master->GetCharacterStat(kStatFortitude);
+    auto familiarMod = [&] {
+        const DChosenSkill* skill = master->GetSkillPointer(moveSilently, QUuid());
+        return skill ? skill->GetFamiliarMod() : 0;
+    };
+    const struct {
+        const char* race; // null: the familiar let go
+        int hitPoints, fortitude, moveSilently;
+    } steps[] = {{"Toad", hitPoints + 3, fortitude, 0},
+                 {"Rat", hitPoints, fortitude + 2, 0},
+                 {"Cat", hitPoints, fortitude, 3},
+                 {nullptr, hitPoints, fortitude, 0}};
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.race ? step.race : "none");
+        if (step.race) {
+            Ref<DFileObject> race = CoreRace(step.race);
+            ASSERT_NE(DCompanionRules::AddCharacterAnimal(master.get(), *race,
+                                                          DCompanionRules::kFamiliar),
+                      nullptr);
+            DCharacter* familiar =
+                DCompanionRules::GetAnimal(master->GetAnimal(DCompanionRules::kFamiliar));
+            ASSERT_NE(familiar, nullptr);
+            EXPECT_EQ(familiar->GetCharacterStat(kStatHitPoints), step.hitPoints / 2);
+        } else {
+            DCompanionRules::RemoveCharacterAnimal(master.get(), DCompanionRules::kFamiliar);
+            EXPECT_EQ(master->GetAnimal(DCompanionRules::kFamiliar), nullptr);
+        }
+        EXPECT_EQ(master->GetCharacterStat(kStatHitPoints), step.hitPoints);
+        EXPECT_EQ(master->GetCharacterStat(kStatFortitude), step.fortitude);
+        EXPECT_EQ(familiarMod(), step.moveSilently);
+    }
 }
 
 TEST_F(CompanionsTest, TheMastersFileKeepsItsCompanions) {

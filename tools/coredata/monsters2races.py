@@ -51,6 +51,13 @@ COMPANION_FLAGS = {
     "Crocodile": ["animal companion"], "Porpoise": ["animal companion"],
     "Shark, Medium": ["animal companion"], "Squid": ["animal companion"],
 }
+# What a familiar gives its master, by the open rules' familiar table. The hawk's and the owl's
+# Spot bonus holds only in bright light or in shadows, which a fixed bonus cannot say: left out.
+FAMILIAR_BONUS = {
+    "Bat": "Listen +3", "Cat": "Move Silently +3", "Lizard": "Climb +3", "Rat": "Fort +2",
+    "Raven": "Appraise +3", "Snake, Tiny Viper": "Bluff +3", "Toad": "hit points +3",
+    "Weasel": "Ref +2",
+}
 # Entries that are a class-levelled example or a template shown on a base creature: their hit
 # dice are not the creature's own.
 SKIP = re.compile(r"\d+(st|nd|rd|th)-Level|Human Form|Hybrid|Wolf Form|Bear Form|Boar Form|"
@@ -309,6 +316,8 @@ class Converter:
 
         if name in COMPANION_FLAGS:
             out.append("flags: " + ", ".join(COMPANION_FLAGS[name]))
+        if name in FAMILIAR_BONUS:
+            out.append("familiar_bonus: " + FAMILIAR_BONUS[name])
         for f in feats:
             out.append("feature: " + f)
         return out, None
