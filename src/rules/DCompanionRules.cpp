@@ -136,7 +136,8 @@ QString DCompanionRules::GetTypeName(DAnimalType type) {
 
 bool DCompanionRules::CanCharacterClassHaveAnimal(const DCharacterClass* characterClass,
                                                   DAnimalType type) {
-    if (!characterClass)
+    // An ex-druid or fallen paladin loses the companion with his other class features.
+    if (!characterClass || characterClass->GetIsExClass())
         return false;
     const DClassInfo* info = DDatabase::GetClassInfoA(characterClass->GetClassGuid());
     return info && info->mLevelForAnimal > 0 &&

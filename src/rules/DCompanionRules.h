@@ -41,7 +41,8 @@ public:
     // "familiar", "special mount", ... as the rows of "[types Companion]" name the slot.
     static QString GetTypeName(DAnimalType type);
 
-    // The class's level reaches its "LevelForAnimal" and its "AnimalType" is the slot (-1: any).
+    // The class's level reaches its "LevelForAnimal" and its "AnimalType" is the slot (-1: any);
+    // never for an ex-class.
     static bool CanCharacterClassHaveAnimal(const DCharacterClass* characterClass,
                                             DAnimalType type);
     static bool CanCharacterHaveAnimal(const DCharacter* character, DAnimalType type);

@@ -10,8 +10,6 @@
 #include "DCompanionRules.h"
 #include "DSkillInfo.h"
 
-#include <algorithm>
-
 namespace {
 
 using rulestest::Ref;
@@ -189,6 +187,14 @@ TEST_F(CompanionsTest, WhoMayHaveWhichCompanionAndAtWhatLevel) {
               nullptr);
     ASSERT_TRUE(DHandBook::RemoveCharacterLevel(paladin.get(), false));
     EXPECT_EQ(paladin->GetAnimal(DCompanionRules::kMount), nullptr);
+    // An ex-druid loses hers with the next pass.
+    Ref<DCharacter> druid = Master("Druid", 1);
+    ASSERT_NE(
+        DCompanionRules::AddCharacterAnimal(druid.get(), *wolf, DCompanionRules::kAnimalCompanion),
+        nullptr);
+    druid->GetClassPointer(ClassGuid("Druid"))->SetIsExClass(true);
+    DCompanionRules::UpdateAnimals(druid.get());
+    EXPECT_EQ(druid->GetAnimal(DCompanionRules::kAnimalCompanion), nullptr);
 
     // A familiar's hit points follow its master's at once: 45 gives 22, 1 gives 0. Sorcerer and
     // wizard levels add up: sorcerer 1 / wizard 2 is master level 3 (natural armor +2).
