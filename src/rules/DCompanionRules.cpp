@@ -31,6 +31,7 @@ constexpr const char* kTypeNames[DCharacter::kAnimalCount] = {
 // The animal companion's tables have no index: they are named here.
 constexpr const char* kAnimalCompanionTable = "[info Animal Companion]";
 constexpr const char* kAnimalCompanionFeatures = "[info Animal Companion Features]";
+// "[info Familiar Features]"; the mount's and the fiendish servant's follow it.
 constexpr int kTableFamiliarFeatures = kTableFamiliar + 3;
 
 bool ValidType(DAnimalType type) {
