@@ -35,6 +35,31 @@ QUALITY_ALIASES = {"dr": "Damage reduction", "sr": "Spell resistance",
                    "immunities": "Immunity"}
 # Entries that are a class-levelled example or a template shown on a base creature: their hit
 # dice are not the creature's own.
+# Feat names of the older rules that the stat blocks still use, by the name the feat table has.
+FEAT_ALIASES = {"expertise": "Combat Expertise", "sunder": "Improved Sunder",
+                "improved natural weapon": "Improved Natural Attack",
+                "quickened spell-like ability": "Quicken Spell-Like Ability"}
+# Weapon targets in the stat blocks' words, by the weapon table's name.
+WEAPON_ALIASES = {"spiked chain": "Chain, spiked"}
+# Feat target kinds of the feat table's Target column.
+TARGET_NONE, TARGET_WEAPON, TARGET_SKILL, TARGET_SCHOOL = 0, 1, 2, 3
+SAVES = ["Fort", "Ref", "Will"]
+# The ability behind each save; a creature without it adds nothing.
+SAVE_ABILITY = {"Fort": "Con", "Ref": "Dex", "Will": "Wis"}
+# What a feat adds to a save (the rules' own figures; the engine's feat bonus rows).
+SAVE_FEATS = {"Great Fortitude": ("Fort", 2), "Lightning Reflexes": ("Ref", 2),
+              "Iron Will": ("Will", 2), "Epic Fortitude": ("Fort", 4),
+              "Epic Reflexes": ("Ref", 4), "Epic Will": ("Will", 4)}
+# Save bonuses the open rules give a creature in its description, where its published line
+# needs them: (saves, amount or the ability whose modifier is added, the rule).
+NIGHTSHADE = ({"Fort": 2, "Ref": 2, "Will": 2},
+              "desecrating aura: a +2 profane bonus on saves within it, its own included")
+RACIAL_SAVES = {
+    "Nymph": ({"Fort": "Cha", "Ref": "Cha", "Will": "Cha"},
+              "unearthly grace: Charisma modifier on every save"),
+    "Derro": ({"Will": 6}, "madness: Charisma (+3) takes the place of Wisdom (-3) on Will saves"),
+    "Nightcrawler": NIGHTSHADE, "Nightwalker": NIGHTSHADE, "Nightwing": NIGHTSHADE,
+}
 SKIP = re.compile(r"\d+(st|nd|rd|th)-Level|Human Form|Hybrid|Wolf Form|Bear Form|Boar Form|"
                   r"Tiger Form|Rat Form|Giant Form", re.I)
 
@@ -54,6 +79,23 @@ def read_names(rows_dir, table):
                 continue
             names.append(cells[header.index("Name")])
     return names
+
+
+def read_rows(rows_dir, table):
+    """The rows of a rules table as dicts by column name."""
+    path = os.path.join(rows_dir, table + ".tsv")
+    rows, header = [], None
+    with open(path, encoding="utf-8") as f:
+        for line in f:
+            line = line.rstrip("\n")
+            if not line or line.startswith("#"):
+                continue
+            cells = line.split("\t")
+            if header is None:
+                header = cells
+                continue
+            rows.append(dict(zip(header, cells)))
+    return rows
 
 
 def read_skill_points(rows_dir):
@@ -120,7 +162,21 @@ class Converter:
         self.qualities = read_names(rows_dir, "types Race Special Quality")
         self.subtypes = read_names(rows_dir, "info Race Subtypes")
         self.type_skill_points = read_skill_points(rows_dir)
+        self.feat_targets = {r["Name"].lower(): (r["Name"], int(r["Target"] or 0))
+                             for r in read_rows(rows_dir, "info Feat")}
+        self.weapons = {n.lower(): n for n in read_names(rows_dir, "info Weapons")}
+        self.skills = {n.lower(): n for n in read_names(rows_dir, "info Skill")}
+        for r in read_rows(rows_dir, "info Skill Sub"):
+            name = "%s (%s)" % (r["Guid"], r["Name"])
+            self.skills[name.lower()] = name
+        self.schools = {n.lower(): n for n in read_names(rows_dir, "info Spell Schools")}
+        self.type_good_saves = {
+            r["Name"]: [save for save, column in zip(SAVES, ("HIFORT", "HIREF", "HIWILL"))
+                        if r[column] == "1"]
+            for r in read_rows(rows_dir, "info Class") if r["ClassType"] == "2"}
         self.gaps = collections.Counter()
+        # Creatures whose published saves the converter cannot reach, with the gap.
+        self.save_misses = []
 
     def gap(self, what):
         self.gaps[what] += 1
@@ -208,6 +264,18 @@ class Converter:
         if points:
             out.append("skill_points: %d" % points)
 
+        taken, feat_words = self.feats(row)
+        published = {}
+        for save in SAVES:
+            sm = re.search(r"%s\s*([+-]\d+)" % save, row["Saves"])
+            published[save] = int(sm.group(1)) if sm else None
+        counts = {re.sub(r"\s*\(.*$", "", f).strip('"'): 1 for f in taken}
+        good, bonus = self.saves(name, ctype, number(hd.group(1)), ab, counts, published)
+        if good != self.type_good_saves[ctype]:
+            out.append("good_saves: " + (", ".join(good) if good else "none"))
+        if bonus:
+            out.append("save_bonus: " + ", ".join("%s %+d" % (k, v) for k, v in bonus.items()))
+
         nat = re.search(r"([+-]\d+)\s+natural", row["Armor Class"])
         if nat:
             out.append("natural_armor: %d" % int(nat.group(1)))
@@ -289,9 +357,104 @@ class Converter:
         else:
             self.gap("environment with no climate")
 
+        if taken:
+            out.append("feats: " + ", ".join(taken))
         for f in feats:
             out.append("feature: " + f)
+        for f in feat_words:
+            out.append("feature: Feat: " + f)
         return out, None
+
+    def feats(self, row):
+        """The Feats and Epic Feats columns as feat-set entries, with how often each is taken.
+        Returns (entries, kept as features): a feat whose target the record cannot name (a
+        natural weapon, a special attack, a spell) or that the feat table lacks is kept in
+        words."""
+        entries, words = collections.OrderedDict(), []
+        text = row["Feats"] + "," + row["Epic Feats"]
+        for raw in split_top(text, ","):
+            item = raw.strip().rstrip(".").strip()
+            item = re.sub(r"^and\s+", "", item)
+            if not item or item in ("-", "\u2014") or item.startswith("(x"):
+                continue
+            # "TrackB", "Weapon Finesse B": a bonus feat of the type; taken all the same.
+            item = re.sub(r"(?<=[a-z)])\s*B$", "", item)
+            count = 1
+            times = re.search(r"\s*\((?:x\s*)?(\d+)\)$", item)
+            if times:
+                count = int(times.group(1))
+                item = item[:times.start()]
+            m = re.match(r"^(.+?)\s*(?:\((.*)\))?$", item)
+            name, target = m.group(1).strip(), (m.group(2) or "").strip()
+            name = FEAT_ALIASES.get(name.lower(), name)
+            entry = self.feat_entry(name, target)
+            if entry is None:
+                self.gap("feat the feat set cannot hold (kept as a feature)")
+                words.append(raw.strip().rstrip("."))
+                continue
+            entries[entry] = entries.get(entry, 0) + count
+        return entries, words
+
+    def feat_entry(self, name, target):
+        """'Weapon Focus (Longsword)' as a source names it, or None."""
+        hit = self.feat_targets.get(name.lower())
+        if not hit:
+            return None
+        name, kind = hit
+        if kind == TARGET_NONE:
+            return None if target else name
+        if not target:
+            return None
+        if kind == TARGET_WEAPON:
+            low = target.lower()
+            found = self.weapons.get(WEAPON_ALIASES.get(low, low).lower())
+        elif kind == TARGET_SKILL:
+            found = self.skills.get(target.replace("[", "(").replace("]", ")").lower())
+        elif kind == TARGET_SCHOOL:
+            found = self.schools.get(target.lower())
+        else:
+            found = None
+        if not found:
+            return None
+        entry = "%s (%s)" % (name, found)
+        return '"%s"' % entry if "," in entry else entry
+
+    def saves(self, name, ctype, hit_dice, ab, feats, published):
+        """Good saves and racial save bonuses worked back from the published saves: each save
+        less its ability modifier and feats must be the good (HD/2 + 2) or the poor (HD/3)
+        figure of the creature's hit dice, a fraction of a die counting as none."""
+        level = int(hit_dice)
+        good, bonus, misses = [], {}, []
+        racial = RACIAL_SAVES.get(name, ({}, ""))[0]
+        for save in SAVES:
+            score = ab[SAVE_ABILITY[save]]
+            base = (int(score) - 10) // 2 if score.isdigit() else 0
+            base += sum(amount * feats.get(feat, 0)
+                        for feat, (which, amount) in SAVE_FEATS.items() if which == save)
+            extra = racial.get(save, 0)
+            if isinstance(extra, str):
+                extra = (int(ab[extra]) - 10) // 2
+            if extra:
+                bonus[save] = extra
+            if published.get(save) is None:
+                # No published figure (no Dexterity): the type's progression stays.
+                if save in self.type_good_saves[ctype]:
+                    good.append(save)
+                continue
+            rest = published[save] - base - extra
+            hi, lo = level // 2 + 2, level // 3
+            if rest == hi or (rest == lo and hi == lo and save in self.type_good_saves[ctype]):
+                good.append(save)
+            elif rest != lo:
+                # Neither: a slip of the source or a rule the record cannot hold; the type's
+                # progression stays and the miss is reported.
+                if save in self.type_good_saves[ctype]:
+                    good.append(save)
+                misses.append("%s %+d (good %+d, poor %+d)" % (
+                    save, published[save], hi + base + extra, lo + base + extra))
+        if misses:
+            self.save_misses.append((name, ", ".join(misses)))
+        return good, bonus
 
     def skill_points(self, ctype, hit_dice, intelligence):
         """(per hit die + Int modifier, at least 1) x (HD + 3), a fraction of a hit die counting
@@ -398,6 +561,9 @@ def main():
     print("wrote %d races, skipped %d" % (len(written), len(skipped)))
     for name, why in skipped:
         print("  skipped %s: %s" % (name, why))
+    print("published saves not reached (%d):" % len(conv.save_misses))
+    for name, what in conv.save_misses:
+        print("  %s: %s" % (name, what))
     print("defaults taken:")
     for what, count in sorted(conv.gaps.items()):
         print("  %4d  %s" % (count, what))
