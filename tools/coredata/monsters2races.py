@@ -38,7 +38,8 @@ QUALITY_ALIASES = {"dr": "Damage reduction", "sr": "Spell resistance",
 # Feat names of the older rules that the stat blocks still use, by the name the feat table has.
 FEAT_ALIASES = {"expertise": "Combat Expertise", "sunder": "Improved Sunder",
                 "improved natural weapon": "Improved Natural Attack",
-                "quickened spell-like ability": "Quicken Spell-Like Ability"}
+                "quickened spell-like ability": "Quicken Spell-Like Ability",
+                "epix toughness": "Epic Toughness"}
 # Weapon targets in the stat blocks' words, by the weapon table's name.
 WEAPON_ALIASES = {"spiked chain": "Chain, spiked"}
 # Feat target kinds of the feat table's Target column.
@@ -264,6 +265,7 @@ class Converter:
         if points:
             out.append("skill_points: %d" % points)
 
+        out.insert(1, self.published_line(row))
         taken, feat_words = self.feats(row)
         published = {}
         for save in SAVES:
@@ -365,6 +367,23 @@ class Converter:
             out.append("feature: Feat: " + f)
         return out, None
 
+    @staticmethod
+    def published_line(row):
+        """The stat block's combat figures as a comment, so that the built monsters can be
+        measured against them: '-' where the block gives none (no Strength, no Dexterity)."""
+        def first(pattern, text):
+            m = re.search(pattern, text.replace("\u2212", "-").replace("\u2013", "-"))
+            return "%+d" % int(m.group(1)) if m else "-"
+        ba = re.match(r"^\s*([+-]\d+)\s*/\s*([+-]\d+)?", row["Base Attack/Grapple"])
+        hp = re.search(r"\(([\d,]+)\s*hp", row["Hit Dice"])
+        ac = re.match(r"^\s*(\d+)", row["Armor Class"])
+        return "# published: base attack %s, grapple %s, Fort %s, Ref %s, Will %s, hp %s, AC %s" % (
+            "%+d" % int(ba.group(1)) if ba else "-",
+            "%+d" % int(ba.group(2)) if ba and ba.group(2) else "-",
+            first(r"Fort\s*([+-]\d+)", row["Saves"]), first(r"Ref\s*([+-]\d+)", row["Saves"]),
+            first(r"Will\s*([+-]\d+)", row["Saves"]),
+            hp.group(1).replace(",", "") if hp else "-", ac.group(1) if ac else "-")
+
     def feats(self, row):
         """The Feats and Epic Feats columns as feat-set entries, with how often each is taken.
         Returns (entries, kept as features): a feat whose target the record cannot name (a
@@ -390,7 +409,7 @@ class Converter:
             entry = self.feat_entry(name, target)
             if entry is None:
                 self.gap("feat the feat set cannot hold (kept as a feature)")
-                words.append(raw.strip().rstrip("."))
+                words.append(item + (" (x%d)" % count if count > 1 else ""))
                 continue
             entries[entry] = entries.get(entry, 0) + count
         return entries, words
@@ -443,7 +462,7 @@ class Converter:
                 continue
             rest = published[save] - base - extra
             hi, lo = level // 2 + 2, level // 3
-            if rest == hi or (rest == lo and hi == lo and save in self.type_good_saves[ctype]):
+            if rest == hi:
                 good.append(save)
             elif rest != lo:
                 # Neither: a slip of the source or a rule the record cannot hold; the type's
