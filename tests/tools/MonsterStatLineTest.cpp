@@ -80,15 +80,41 @@ QStringList differences(const Line& published, const Line& built, int from, int 
 
 // Monsters whose published line cannot be reached: slips of the stat blocks themselves and
 // rules the record does not hold. data/core/README.md gives the reason for each.
-const QSet<QString> kKnownMisses = {
-    "Air Elemental, Primal", "Barbed Devil (Hamatula)", "Behemoth Eagle", "Choker", "Demilich",
-    "Devastation Centipede", "Earth Elemental, Primal", "Iron Golem", "Megaraptor",
-    "Monstrous Scorpion, Small", "Monstrous Scorpion, Tiny", "Mu Spore", "Night Hag",
-    "Nightcrawler", "Nightwalker", "Nightwing", "Octopus", "Pseudonatural Troll", "Puppeteer",
-    "Ruin Swarm", "Shark, Huge", "Shrieker", "Squid", "Squid, Giant", "Tayellah",
-    "Ten-Headed Hydra", "Thorciasid", "Three-Headed Sirrush", "Titan,Elder", "Treant,Elder",
-    "Uvuudaum", "Water Elemental, Primal", "Worm That Walks", "Xixecal",
-    "Young Adult Red Dragon Skeleton"};
+const QSet<QString> kKnownMisses = {"Air Elemental, Primal",
+                                    "Bebilith",
+                                    "Behemoth Eagle",
+                                    "Choker",
+                                    "Demilich",
+                                    "Devastation Centipede",
+                                    "Earth Elemental, Primal",
+                                    "Iron Golem",
+                                    "Megaraptor",
+                                    "Monstrous Scorpion, Small",
+                                    "Monstrous Scorpion, Tiny",
+                                    "Mu Spore",
+                                    "Night Hag",
+                                    "Nightcrawler",
+                                    "Nightwalker",
+                                    "Nightwing",
+                                    "Octopus",
+                                    "Pseudonatural Troll",
+                                    "Puppeteer",
+                                    "Ruin Swarm",
+                                    "Shark, Huge",
+                                    "Shrieker",
+                                    "Squid",
+                                    "Squid, Giant",
+                                    "Tayellah",
+                                    "Ten-Headed Hydra",
+                                    "Thorciasid",
+                                    "Three-Headed Sirrush",
+                                    "Titan,Elder",
+                                    "Treant,Elder",
+                                    "Uvuudaum",
+                                    "Water Elemental, Primal",
+                                    "Worm That Walks",
+                                    "Xixecal",
+                                    "Young Adult Red Dragon Skeleton"};
 
 class MonsterStatLine : public ::testing::Test {
 protected:
@@ -160,7 +186,7 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
 
     const QDir sources(QStringLiteral(HOARD_CORE_SOURCE_DIR "/races"));
     int measured = 0, matching = 0, hitPoints = 0, armorClass = 0;
-    QStringList unexpected;
+    QStringList unexpected, reached;
     for (const QString& file : sources.entryList({"*.race"}, QDir::Files, QDir::Name)) {
         Line published;
         if (!readPublished(sources.filePath(file), published))
@@ -176,16 +202,20 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
         hitPoints += differences(published, built, kHitPoints, kHitPoints + 1).isEmpty();
         armorClass += differences(published, built, kArmorClass, kArmorClass + 1).isEmpty();
         const QStringList missed = differences(published, built, 0, kCombatFigures);
-        if (missed.isEmpty())
+        if (missed.isEmpty()) {
             ++matching;
-        else if (!kKnownMisses.contains(race))
+            if (kKnownMisses.contains(race))
+                reached << race;
+        } else if (!kKnownMisses.contains(race))
             unexpected << race + ": " + missed.join(", ");
     }
     std::cout << "[ measured ] " << matching << " of " << measured
-              << " monsters reproduce base attack, grapple and saves; hp " << hitPoints
-              << ", AC " << armorClass << "\n";
+              << " monsters reproduce base attack, grapple and saves; hp " << hitPoints << ", AC "
+              << armorClass << "\n";
     ASSERT_GT(measured, 400);
     EXPECT_TRUE(unexpected.isEmpty()) << unexpected.join("\n").toStdString();
+    EXPECT_TRUE(reached.isEmpty())
+        << "listed as missing, yet matching: " << reached.join(", ").toStdString();
     // The known misses bound the share from below.
     EXPECT_GE(matching * 100, measured * 92);
 }
