@@ -72,6 +72,8 @@ const char* const kGoodSource = "# a hill-giant-like test creature\n"
                                 "languages: Common, Giant\n"
                                 "challenge_rating: 1/2\n"
                                 "alignment: Chaotic Evil\n"
+                                "good_saves: Ref, Will\n"
+                                "save_bonus: Fort +1, Will -2\n"
                                 "skills: Listen +2, craft  (alchemy) +4\n"
                                 "skills: Move Silently +1\n"
                                 "feats: Alertness, Skill Focus (Craft (Alchemy))\n"
@@ -86,7 +88,8 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
     ASSERT_TRUE(hoardtest::writeFile(sources.filePath("Test Giant.race"), kGoodSource));
     ASSERT_TRUE(hoardtest::writeFile(sources.filePath("Dwarfish.race"),
                                      "type: Humanoid (player race)\nsize: Medium\nhit_dice: 0\n"
-                                     "ability_adjustments: Con +2, Cha -2\nspeed: land 20\n"));
+                                     "ability_adjustments: Con +2, Cha -2\nspeed: land 20\n"
+                                     "good_saves: none\n"));
     const ToolRun run = runTool(sources.path(), output.path());
     ASSERT_EQ(run.exitCode, 0) << run.errorText.toStdString();
 
@@ -114,6 +117,13 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
     const DChosenSpeed* fly = giant->GetSpeedArray().At(1);
     EXPECT_EQ(fly->GetSpeedValue(), 60);
     EXPECT_EQ(fly->GetSpeedModId(), 4); // good maneuverability
+    // The good saves named replace the giant's own good Fortitude.
+    EXPECT_FALSE(giant->GetHasGoodSaves(0));
+    EXPECT_TRUE(giant->GetHasGoodSaves(1));
+    EXPECT_TRUE(giant->GetHasGoodSaves(2));
+    EXPECT_EQ(giant->GetSaveBonus(0), 1);
+    EXPECT_EQ(giant->GetSaveBonus(1), 0);
+    EXPECT_EQ(giant->GetSaveBonus(2), -2);
     EXPECT_EQ(giant->GetLanguageMap().GetCount(), 2);
     EXPECT_NE(giant->GetLanguagePointer(QUuid("{E3628EF2-A099-49F1-BB56-B996F64B04E9}")), nullptr);
 
@@ -159,6 +169,8 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
         EXPECT_EQ(dwarfish->GetAbility(ability), expected[ability]) << ability;
     EXPECT_EQ(dwarfish->GetAbilityMod(2), 2);
     EXPECT_EQ(dwarfish->GetAbilityMod(5), -2);
+    for (int save = 0; save < 3; ++save)
+        EXPECT_FALSE(dwarfish->GetHasGoodSaves(save)) << "none, not the humanoid's Fortitude";
     dwarfish->Release();
 }
 

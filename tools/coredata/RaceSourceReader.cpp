@@ -378,6 +378,9 @@ void RaceSourceReader::SetSaves(const QString& value, DRace& race) {
 }
 
 void RaceSourceReader::SetGoodSaves(const QString& value, DRace& race) {
+    // "none": every save poor, though the creature type has a good one.
+    if (value.trimmed().compare(QStringLiteral("none"), Qt::CaseInsensitive) == 0)
+        return;
     for (const QString& item : List(value)) {
         const int save = kSaveNames.indexOf(item);
         if (save < 0)

@@ -45,6 +45,8 @@ WEAPON_ALIASES = {"spiked chain": "Chain, spiked"}
 # Feat target kinds of the feat table's Target column.
 TARGET_NONE, TARGET_WEAPON, TARGET_SKILL, TARGET_SCHOOL = 0, 1, 2, 3
 SAVES = ["Fort", "Ref", "Will"]
+# An elemental's good save follows its element.
+ELEMENT_SAVES = {"Air": ["Ref"], "Fire": ["Ref"], "Earth": ["Fort"], "Water": ["Fort"]}
 # The ability behind each save; a creature without it adds nothing.
 SAVE_ABILITY = {"Fort": "Con", "Ref": "Dex", "Will": "Wis"}
 # What a feat adds to a save (the rules' own figures; the engine's feat bonus rows).
@@ -272,7 +274,10 @@ class Converter:
             sm = re.search(r"%s\s*([+-]\d+)" % save, row["Saves"])
             published[save] = int(sm.group(1)) if sm else None
         counts = {re.sub(r"\s*\(.*$", "", f).strip('"'): 1 for f in taken}
-        good, bonus = self.saves(name, ctype, number(hd.group(1)), ab, counts, published)
+        usual = ELEMENT_SAVES.get(next((t for t in subs if t in ELEMENT_SAVES), None),
+                                  self.type_good_saves[ctype]) if ctype == "Elemental" else \
+            self.type_good_saves[ctype]
+        good, bonus = self.saves(name, usual, number(hd.group(1)), ab, counts, published)
         if good != self.type_good_saves[ctype]:
             out.append("good_saves: " + (", ".join(good) if good else "none"))
         if bonus:
@@ -438,10 +443,11 @@ class Converter:
         entry = "%s (%s)" % (name, found)
         return '"%s"' % entry if "," in entry else entry
 
-    def saves(self, name, ctype, hit_dice, ab, feats, published):
+    def saves(self, name, usual, hit_dice, ab, feats, published):
         """Good saves and racial save bonuses worked back from the published saves: each save
         less its ability modifier and feats must be the good (HD/2 + 2) or the poor (HD/3)
-        figure of the creature's hit dice, a fraction of a die counting as none."""
+        figure of the creature's hit dice, a fraction of a die counting as none. Where it is
+        neither, the creature keeps the `usual` good saves of its kind."""
         level = int(hit_dice)
         good, bonus, misses = [], {}, []
         racial = RACIAL_SAVES.get(name, ({}, ""))[0]
@@ -457,7 +463,7 @@ class Converter:
                 bonus[save] = extra
             if published.get(save) is None:
                 # No published figure (no Dexterity): the type's progression stays.
-                if save in self.type_good_saves[ctype]:
+                if save in usual:
                     good.append(save)
                 continue
             rest = published[save] - base - extra
@@ -467,7 +473,7 @@ class Converter:
             elif rest != lo:
                 # Neither: a slip of the source or a rule the record cannot hold; the type's
                 # progression stays and the miss is reported.
-                if save in self.type_good_saves[ctype]:
+                if save in usual:
                     good.append(save)
                 misses.append("%s %+d (good %+d, poor %+d)" % (
                     save, published[save], hi + base + extra, lo + base + extra))
