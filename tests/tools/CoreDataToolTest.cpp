@@ -78,7 +78,8 @@ const char* const kGoodSource = "# a hill-giant-like test creature\n"
                                 "skills: Move Silently +1\n"
                                 "feats: Alertness, Skill Focus (Craft (Alchemy))\n"
                                 "feats: \"Weapon Focus (Longbow, composite)\", "
-                                "Spell Focus (Evocation), Armor Proficiency (Light)\n";
+                                "Spell Focus (Evocation), Armor Proficiency (Light)\n"
+                                "feats: Toughness x3\n";
 
 } // namespace
 
@@ -153,13 +154,15 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
     DGuid::SetLong(weaponTable, 1);
     QUuid evocation;
     DGuid::SetLong(evocation, 5);
-    EXPECT_EQ(giant->GetFeatSet().GetCount(), 5);
+    EXPECT_EQ(giant->GetFeatSet().GetCount(), 6);
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Alertness")));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Skill Focus"), craft, alchemy));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Weapon Focus"),
                                guidOf("[info Weapons]", "Longbow, composite"), weaponTable));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Spell Focus"), evocation));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Armor Proficiency (Light)")));
+    EXPECT_EQ(giant->GetFeatCount(guidOf("[info Feat]", "Toughness")), 3) << "taken three times";
+    EXPECT_EQ(giant->GetFeatCount(guidOf("[info Feat]", "Alertness")), 1);
     giant->Release();
 
     DRace* dwarfish = DRace::CreateFromFile(output.filePath("Dwarfish.rac"), false);
@@ -223,6 +226,9 @@ TEST(CoreDataTool, FaultsNameFileAndLine) {
          "'Chronomancy' names no row of [info Spell Schools]"},
         {"feat twice", "feats: Weapon Focus (Longsword)\nfeats: weapon focus (longsword)\n", 2,
          "given twice"},
+        {"a once-only feat repeated", "feats: Toughness x2, Alertness x2\n", 1,
+         "Alertness cannot be taken 2 times"},
+        {"a feat taken no times", "feats: Toughness x0\n", 1, "Toughness cannot be taken 0 times"},
     };
     for (const auto& c : cases) {
         QTemporaryDir sources, output;

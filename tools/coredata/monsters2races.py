@@ -167,6 +167,8 @@ class Converter:
         self.type_skill_points = read_skill_points(rows_dir)
         self.feat_targets = {r["Name"].lower(): (r["Name"], int(r["Target"] or 0))
                              for r in read_rows(rows_dir, "info Feat")}
+        self.feat_stacks = {r["Name"] for r in read_rows(rows_dir, "info Feat")
+                            if r["StackType"] == "1"}
         self.weapons = {n.lower(): n for n in read_names(rows_dir, "info Weapons")}
         self.skills = {n.lower(): n for n in read_names(rows_dir, "info Skill")}
         for r in read_rows(rows_dir, "info Skill Sub"):
@@ -365,7 +367,7 @@ class Converter:
             self.gap("environment with no climate")
 
         if taken:
-            out.append("feats: " + ", ".join(taken))
+            out.append("feats: " + ", ".join(self.feat_text(f, n) for f, n in taken.items()))
         for f in feats:
             out.append("feature: " + f)
         for f in feat_words:
@@ -418,6 +420,14 @@ class Converter:
                 continue
             entries[entry] = entries.get(entry, 0) + count
         return entries, words
+
+    def feat_text(self, entry, times):
+        """'Toughness x2' for a feat that may be taken again; any other feat once."""
+        if times > 1 and re.sub(r"\s*\(.*$", "", entry.strip('"')) in self.feat_stacks:
+            return "%s x%d" % (entry, times)
+        if times > 1:
+            self.gap("feat taken more than once that may not be (written once)")
+        return entry
 
     def feat_entry(self, name, target):
         """'Weapon Focus (Longsword)' as a source names it, or None."""
