@@ -4,11 +4,13 @@
     python3 tools/coredata/monsters2races.py ../shared/srd/monsters/monster_statblocks.csv \
         data/rules/rows data/core/races
 
-Reads the code tables (special attacks and qualities, subtypes) from the rules rows so that
-only names the database holds are written as references; everything else that the stat block
-names goes into free-text `feature:` lines. Writes one `<Name>.race` per creature, replacing
+Reads the code tables (special attacks and qualities, subtypes, feats, weapons, skills,
+schools) from the rules rows so that only names the database holds are written as
+references; everything else that the stat block names goes into free-text `feature:` lines.
+Each creature's good saves are worked back from its published saves, and the published
+combat figures are quoted in a comment for the tests to measure the built monster against. Writes one `<Name>.race` per creature, replacing
 the files it wrote before (they carry a marker line) and leaving hand-written ones alone.
-Prints what it had to fill with a default.
+Prints what it had to fill with a default and the published saves it could not reach.
 """
 
 import collections
