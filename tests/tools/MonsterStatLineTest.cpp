@@ -65,7 +65,7 @@ Line builtLine(DCharacter& monster) {
     return line;
 }
 
-// The figures of `built` that differ from the published ones, "Fort +8/+6" for each.
+// The figures of `built` that differ from the published ones, "Fort 8 (built 6)" for each.
 QStringList differences(const Line& published, const Line& built, int from, int to) {
     QStringList out;
     for (int i = from; i < to; ++i) {
