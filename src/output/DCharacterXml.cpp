@@ -175,6 +175,9 @@ private:
     void WriteHitDice() {
         const int con =
             mCharacter->IsNullAbility(kAbilityConstitution) ? 0 : Modifier(kAbilityConstitution);
+        // Hit points from feats (Toughness) join the first dice's bonus, as published lines
+        // write them: an ogre's 4d8+11 is Con +8 and Toughness +3.
+        int featHitPoints = mCharacter->GetCharacterStat(kStatFeatHitPoints);
         mXml.Open("hit-dice");
         for (const DCharacterClass* characterClass : mCharacter->GetClassList()) {
             const DClassInfo* info = DDatabase::GetClassInfoA(characterClass->GetClassGuid());
@@ -185,9 +188,10 @@ private:
             mXml.Open("hit-die");
             mXml.Text("class", info->mName);
             mXml.Text("die", die);
-            const int bonus = int(float(con) * characterClass->GetLevel());
-            if (con != 0)
+            const int bonus = int(float(con) * characterClass->GetLevel()) + featHitPoints;
+            if (con != 0 || featHitPoints != 0)
                 mXml.Text("bonus", DXmlStream::Signed(bonus));
+            featHitPoints = 0;
             mXml.Close("hit-die");
         }
         mXml.Close("hit-dice");

@@ -22,6 +22,9 @@ constexpr int kCharismaToSavesData = -1;
 // Races of this subtype add Charisma to armor class, at least +1.
 constexpr int kCharismaArmorSubType = 13;
 constexpr int kGoldCoin = 2;
+// Improved Grapple adds +4 to every grapple check.
+constexpr QUuid kImprovedGrappleFeat = DRuleGuids::Guid("{E150D1CE-B561-57F1-B301-7ECF02C36242}");
+constexpr int kImprovedGrappleBonus = 4;
 constexpr int kHighestGoldLevel = 20;
 
 constexpr DAbilityStatType kSaveAbility[kSaveCount] = {kAbilityConstitution, kAbilityDexterity,
@@ -230,7 +233,8 @@ int DHandBook::ComputeGrapple(DCharacter* character) {
     const DSizeInfo* size = character->GetSizeInfo();
     return character->GetCharacterStat(kStatBaseAttack) +
            GetAbilityModifier(character->GetAbilityStat(kAbilityStrength)) +
-           (size ? size->GetGrappleMod() : 0);
+           (size ? size->GetGrappleMod() : 0) +
+           (character->HasFeat(kImprovedGrappleFeat) ? kImprovedGrappleBonus : 0);
 }
 
 // --- Base attack, face and reach, user values, gold ---------------------------------------------

@@ -42,8 +42,9 @@ TEST_F(MonsterCli, AnAnkhegGrowsHugeAndBack) {
     EXPECT_EQ(abilities["str"].toInt(), 29);
     EXPECT_EQ(abilities["dex"].toInt(), 8);
     EXPECT_EQ(abilities["con"].toInt(), 21);
-    // 6d10 at 5.5 a die with Con +5: 63; Huge -2 and Dex -1 on armor class; grapple +6 +9 +8.
-    EXPECT_EQ(huge["hp"].toInt(), 63);
+    // 6d10 at 5.5 a die with Con +5: 63, and the race's Toughness 3; Huge -2 and Dex -1 on
+    // armor class; grapple +6 +9 +8.
+    EXPECT_EQ(huge["hp"].toInt(), 63 + 3);
     EXPECT_EQ(huge["ac"].toInt(), 10 - 2 - 1 + 12);
     EXPECT_EQ(huge["base_attack"].toInt(), 6);
     EXPECT_EQ(huge["grapple"].toInt(), 6 + 9 + 8);

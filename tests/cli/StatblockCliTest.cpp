@@ -27,7 +27,7 @@ protected:
 TEST_F(StatblockCliTest, StatBlocksOfTheReadyRaceAndTheDemoCharacter) {
     const clitest::CliRun ogre = runHoard({"statblock", "--race", "Ogre"}, mUser.path());
     ASSERT_EQ(ogre.status, 0) << ogre.err.toStdString();
-    EXPECT_TRUE(ogre.out.startsWith("Ogre\nSize/Type: Large Giant\nHit Dice: 4d8+8 (26 hp)\n"))
+    EXPECT_TRUE(ogre.out.startsWith("Ogre\nSize/Type: Large Giant\nHit Dice: 4d8+11 (29 hp)\n"))
         << ogre.out.toStdString();
     const clitest::CliRun demo = runHoard({"demo", "-o", Path("tordek.chr")}, mUser.path());
     ASSERT_EQ(demo.status, 0) << demo.err.toStdString();

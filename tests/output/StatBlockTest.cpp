@@ -1,7 +1,7 @@
 // Stat blocks of published monsters and of a hand-worked character, line by line. Expected
 // lines are the published stat lines (for the fields the rules engine computes today) and,
-// where the published figure rests on something the records do not hold yet (armor worn, a
-// feat such as Toughness), the figure worked out by hand from the rules.
+// where the published figure rests on something the records do not hold yet (armor worn),
+// the figure worked out by hand from the rules.
 #include "DCharacterXml.h"
 #include "OutputTestSupport.h"
 
@@ -25,8 +25,8 @@ TEST_F(StatBlockTest, PublishedMonstersLineByLine) {
     const Creature creatures[] = {
         {"Ogre",
          {{"Size/Type", "Large Giant"},
-          // Published 4d8+11 (29 hp): Toughness, which a bare race has not taken. 4 x 4.5 + 4 x 2.
-          {"Hit Dice", "4d8+8 (26 hp)"},
+          // 4 x 4.5, Con 4 x 2 and the race's Toughness 3: 18 + 11.
+          {"Hit Dice", "4d8+11 (29 hp)"},
           {"Initiative", "-1"},
           // Published 16 (... +3 hide armor), flat-footed 16: nothing is worn yet.
           {"Armor Class", "13 (-1 size, -1 Dex, +5 natural), touch 8, flat-footed 13"},
@@ -135,8 +135,8 @@ TEST_F(StatBlockTest, LayoutsOfTheSameLines) {
         const char* expected;
     } layouts[] = {
         {"Stat Block (Markdown).xsl", "### Ogre\n"},
-        {"Stat Block (Markdown).xsl", "**Hit Dice:** 4d8+8 (26 hp)  \n"},
-        {"Stat Block (HTML).xsl", "<td>4d8+8 (26 hp)</td>"},
+        {"Stat Block (Markdown).xsl", "**Hit Dice:** 4d8+11 (29 hp)  \n"},
+        {"Stat Block (HTML).xsl", "<td>4d8+11 (29 hp)</td>"},
         {"Character Sheet.xsl", "<td>Fortitude (CON)</td>\n<td align=\"center\"><b>+6</b></td>"},
     };
     for (const auto& layout : layouts) {

@@ -6,6 +6,7 @@
 #include "DCharFlags.h"
 #include "DCharHistory.h"
 #include "DCharStatType.h"
+#include "DChosenFeat.h"
 #include "DChosenFeature.h"
 #include "DClassLevelInfo.h"
 #include "DRuleGuids.h"
@@ -257,6 +258,20 @@ TEST_F(CombatTest, BaseAttackCutsEachClassByItself) {
     EXPECT_EQ(DHandBook::ComputeBaseAttack(ClassGuid("Animal"), 0.5f), 0);
     EXPECT_EQ(DHandBook::ComputeBaseAttack(ClassGuid("Outsider"), 7.0f), 7);
     EXPECT_EQ(DHandBook::ComputeBaseAttack(QUuid::createUuid(), 5.0f), 0) << "no class row";
+}
+
+TEST_F(CombatTest, GrappleTakesStrengthSizeAndImprovedGrapple) {
+    // A Medium giant of 4 dice: base attack 4 x 3/4 = 3; Str 16 adds 3, Medium size nothing.
+    Ref<DCharacter> giant = Make("Giant", 4.0f, {});
+    SetScore(*giant, kAbilityStrength, 16);
+    EXPECT_EQ(DHandBook::ComputeGrapple(giant.get()), 3 + 3);
+    // Improved Grapple: +4 on every grapple check; another feat adds nothing.
+    for (const char* feat : {"Power Attack", "Improved Grapple"}) {
+        Ref<DChosenFeat> chosen(new DChosenFeat());
+        chosen->SetFeatGuid(FeatGuid(feat));
+        giant->AddFeat(chosen.get());
+    }
+    EXPECT_EQ(DHandBook::ComputeGrapple(giant.get()), 3 + 3 + 4);
 }
 
 TEST_F(CombatTest, ArmorClassDexterityAndItsLimit) {

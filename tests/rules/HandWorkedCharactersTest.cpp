@@ -56,7 +56,8 @@ protected:
 
 TEST_F(HandWorkedCharactersTest, OgreWithItsGiantSaveFlags) {
     // The ogre's Giant dice have good Fortitude; the race record carries that flag, as the race
-    // editor sets it. Four d8 at Con 15 (+2): 4 x 6.5 = 26. AC 10 - 1 size - 1 Dex + 5.
+    // editor sets it. Four d8 at Con 15 (+2): 4 x 6.5 = 26, and 3 for the race's Toughness.
+    // AC 10 - 1 size - 1 Dex + 5.
     // Base attack 3, Fort 4 + 2, Ref 1 - 1, Will 1 + 0. Grapple 3 + 5 + 4.
     const QString path = hoardtest::builtDataDir() + "/Core/Races/Ogre.rac";
     Ref<DRace> ogre(DRace::CreateFromFile(FCString(path), false));
@@ -66,11 +67,11 @@ TEST_F(HandWorkedCharactersTest, OgreWithItsGiantSaveFlags) {
             save, DHandBook::DoesClassHaveGoodSaves(ogre->GetClassGuid(), DSaveType(save)));
     Ref<DFileObject> file = SaveRace(*ogre, "Ogre copy");
     Ref<DCharacter> character = NewCharacter(file.get(), {});
-    Check(character.get(), {26, 13, 8, 13, -1, 3, 5 + 4, 6, 0, 1, 0});
+    Check(character.get(), {26 + 3, 13, 8, 13, -1, 3, 5 + 4, 6, 0, 1, 0});
 
     // An ogre fighter 1: the fighter level is its first (10 + 2), the Giant dice stay.
     Ref<DCharacter> fighter = NewCharacter(file.get(), {"Fighter"});
-    Check(fighter.get(), {26 + 12, 13, 8, 13, -1, 3 + 1, 5 + 4, 6 + 2, 0, 1, 10000});
+    Check(fighter.get(), {26 + 3 + 12, 13, 8, 13, -1, 3 + 1, 5 + 4, 6 + 2, 0, 1, 10000});
 }
 
 TEST_F(HandWorkedCharactersTest, RaceChangeRecomputesTheCombatBlock) {

@@ -74,12 +74,15 @@ const char* const kGoodSource = "# a hill-giant-like test creature\n"
                                 "languages: Common, Giant\n"
                                 "challenge_rating: 1/2\n"
                                 "alignment: Chaotic Evil\n"
+                                "good_saves: Ref, Will\n"
+                                "save_bonus: Fort +1, Will -2\n"
                                 "skills: Listen +2, craft  (alchemy) +4\n"
                                 "skills: Move Silently +1\n"
                                 "familiar_bonus: Move Silently +3, Ref +2, hit points +3, Cha +1\n"
                                 "feats: Alertness, Skill Focus (Craft (Alchemy))\n"
                                 "feats: \"Weapon Focus (Longbow, composite)\", "
-                                "Spell Focus (Evocation), Armor Proficiency (Light)\n";
+                                "Spell Focus (Evocation), Armor Proficiency (Light)\n"
+                                "feats: Toughness x3\n";
 
 } // namespace
 
@@ -89,7 +92,8 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
     ASSERT_TRUE(hoardtest::writeFile(sources.filePath("Test Giant.race"), kGoodSource));
     ASSERT_TRUE(hoardtest::writeFile(sources.filePath("Dwarfish.race"),
                                      "type: Humanoid (player race)\nsize: Medium\nhit_dice: 0\n"
-                                     "ability_adjustments: Con +2, Cha -2\nspeed: land 20\n"));
+                                     "ability_adjustments: Con +2, Cha -2\nspeed: land 20\n"
+                                     "good_saves: none\n"));
     const ToolRun run = runTool(sources.path(), output.path());
     ASSERT_EQ(run.exitCode, 0) << run.errorText.toStdString();
 
@@ -117,6 +121,13 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
     const DChosenSpeed* fly = giant->GetSpeedArray().At(1);
     EXPECT_EQ(fly->GetSpeedValue(), 60);
     EXPECT_EQ(fly->GetSpeedModId(), 4); // good maneuverability
+    // The good saves named replace the giant's own good Fortitude.
+    EXPECT_FALSE(giant->GetHasGoodSaves(0));
+    EXPECT_TRUE(giant->GetHasGoodSaves(1));
+    EXPECT_TRUE(giant->GetHasGoodSaves(2));
+    EXPECT_EQ(giant->GetSaveBonus(0), 1);
+    EXPECT_EQ(giant->GetSaveBonus(1), 0);
+    EXPECT_EQ(giant->GetSaveBonus(2), -2);
     EXPECT_EQ(giant->GetLanguageMap().GetCount(), 2);
     EXPECT_NE(giant->GetLanguagePointer(QUuid("{E3628EF2-A099-49F1-BB56-B996F64B04E9}")), nullptr);
 
@@ -146,7 +157,7 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
     DGuid::SetLong(weaponTable, 1);
     QUuid evocation;
     DGuid::SetLong(evocation, 5);
-    EXPECT_EQ(giant->GetFeatSet().GetCount(), 5);
+    EXPECT_EQ(giant->GetFeatSet().GetCount(), 6);
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Alertness")));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Skill Focus"), craft, alchemy));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Weapon Focus"),
@@ -167,6 +178,8 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
     const auto* target = FCDynamicCast<DTargetData>(bonuses.At(0)->GetTargetData());
     ASSERT_NE(target, nullptr);
     EXPECT_EQ(target->GetTargetGuid(), guidOf("[info Skill]", "Move Silently"));
+    EXPECT_EQ(giant->GetFeatCount(guidOf("[info Feat]", "Toughness")), 3) << "taken three times";
+    EXPECT_EQ(giant->GetFeatCount(guidOf("[info Feat]", "Alertness")), 1);
     giant->Release();
 
     DRace* dwarfish = DRace::CreateFromFile(output.filePath("Dwarfish.rac"), false);
@@ -176,6 +189,8 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
         EXPECT_EQ(dwarfish->GetAbility(ability), expected[ability]) << ability;
     EXPECT_EQ(dwarfish->GetAbilityMod(2), 2);
     EXPECT_EQ(dwarfish->GetAbilityMod(5), -2);
+    for (int save = 0; save < 3; ++save)
+        EXPECT_FALSE(dwarfish->GetHasGoodSaves(save)) << "none, not the humanoid's Fortitude";
     dwarfish->Release();
 }
 
@@ -232,6 +247,9 @@ TEST(CoreDataTool, FaultsNameFileAndLine) {
          "'Chronomancy' names no row of [info Spell Schools]"},
         {"feat twice", "feats: Weapon Focus (Longsword)\nfeats: weapon focus (longsword)\n", 2,
          "given twice"},
+        {"a once-only feat repeated", "feats: Toughness x2, Alertness x2\n", 1,
+         "Alertness cannot be taken 2 times"},
+        {"a feat taken no times", "feats: Toughness x0\n", 1, "Toughness cannot be taken 0 times"},
     };
     for (const auto& c : cases) {
         QTemporaryDir sources, output;

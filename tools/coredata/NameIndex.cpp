@@ -66,8 +66,10 @@ bool NameIndex::LoadTable(const QString& table, bool byGuid, QString& error) {
             else
                 row.id = rows->getInt(QStringLiteral("Id"));
             row.name = rows->getString(QStringLiteral("Name")).trimmed();
-            if (table == QLatin1String(kFeatTable))
+            if (table == QLatin1String(kFeatTable)) {
                 row.extra = rows->getInt(QStringLiteral("Target"));
+                row.stacks = rows->getInt(QStringLiteral("StackType")) == 1;
+            }
             list.append(row);
         }
         mTables.insert(table, list);
@@ -148,6 +150,14 @@ const NameIndex::Skill* NameIndex::FindSkill(const QString& name) const {
             return &skill;
     }
     return nullptr;
+}
+
+bool NameIndex::FeatStacks(const QUuid& feat) const {
+    for (const Row& row : mTables.value(QString::fromLatin1(kFeatTable))) {
+        if (row.guid == feat)
+            return row.stacks;
+    }
+    return false;
 }
 
 int NameIndex::FeatTargetType(const QUuid& feat) const {

@@ -33,6 +33,8 @@ public:
 
     // The "[types Feat Target]" row of a feat of "[info Feat]"; 0 (none) for an unknown feat.
     int FeatTargetType(const QUuid& feat) const;
+    // Whether a feat of "[info Feat]" may be taken more than once (StackType 1).
+    bool FeatStacks(const QUuid& feat) const;
 
 private:
     bool LoadTable(const QString& table, bool byGuid, QString& error);
@@ -42,7 +44,8 @@ private:
         int id = -1;
         QUuid guid;
         QString name;
-        int extra = 0; // the feat target type for "[info Feat]"
+        int extra = 0;       // the feat target type for "[info Feat]"
+        bool stacks = false; // "[info Feat]": may be taken again
     };
     QHash<QString, QList<Row>> mTables;
     QList<Skill> mSkills;

@@ -383,6 +383,9 @@ void RaceSourceReader::SetSaves(const QString& value, DRace& race) {
 }
 
 void RaceSourceReader::SetGoodSaves(const QString& value, DRace& race) {
+    // "none": every save poor, though the creature type has a good one.
+    if (value.trimmed().compare(QStringLiteral("none"), Qt::CaseInsensitive) == 0)
+        return;
     for (const QString& item : List(value)) {
         const int save = kSaveNames.indexOf(item);
         if (save < 0)
@@ -544,7 +547,14 @@ void RaceSourceReader::SetFamiliarBonuses(const QString& value, DRace& race) {
 
 void RaceSourceReader::SetFeats(const QString& value, DRace& race) {
     static const QRegularExpression targeted(QStringLiteral("^(.+?)\\s*\\((.+)\\)$"));
-    for (const QString& item : List(value)) {
+    // "Toughness x2": a feat that may be taken again, taken that many times.
+    static const QRegularExpression repeated(QStringLiteral("^(.+?)\\s+x(\\d+)$"));
+    for (QString item : List(value)) {
+        int times = 1;
+        if (const QRegularExpressionMatch match = repeated.match(item); match.hasMatch()) {
+            item = match.captured(1);
+            times = match.captured(2).toInt();
+        }
         // A feat whose own name ends in parentheses ("Armor Proficiency (Light)") comes first.
         QString name = item;
         QString target;
@@ -561,6 +571,9 @@ void RaceSourceReader::SetFeats(const QString& value, DRace& race) {
             SetFeatTarget(*feat, name, target);
             if (race.GetFeatPointer(*feat))
                 Fail(QStringLiteral("feat '%1' given twice").arg(item));
+            if (times < 1 || (times > 1 && !mNames.FeatStacks(feat->GetFeatGuid())))
+                Fail(QStringLiteral("%1 cannot be taken %2 times").arg(name).arg(times));
+            feat->SetCount(times);
         } catch (...) {
             feat->Release();
             throw;

@@ -4,11 +4,13 @@
     python3 tools/coredata/monsters2races.py ../shared/srd/monsters/monster_statblocks.csv \
         data/rules/rows data/core/races
 
-Reads the code tables (special attacks and qualities, subtypes) from the rules rows so that
-only names the database holds are written as references; everything else that the stat block
-names goes into free-text `feature:` lines. Writes one `<Name>.race` per creature, replacing
+Reads the code tables (special attacks and qualities, subtypes, feats, weapons, skills,
+schools) from the rules rows so that only names the database holds are written as
+references; everything else that the stat block names goes into free-text `feature:` lines.
+Each creature's good saves are worked back from its published saves, and the published
+combat figures are quoted in a comment for the tests to measure the built monster against. Writes one `<Name>.race` per creature, replacing
 the files it wrote before (they carry a marker line) and leaving hand-written ones alone.
-Prints what it had to fill with a default.
+Prints what it had to fill with a default and the published saves it could not reach.
 """
 
 import collections
@@ -60,6 +62,34 @@ FAMILIAR_BONUS = {
 }
 # Entries that are a class-levelled example or a template shown on a base creature: their hit
 # dice are not the creature's own.
+# Feat names of the older rules that the stat blocks still use, by the name the feat table has.
+FEAT_ALIASES = {"expertise": "Combat Expertise", "sunder": "Improved Sunder",
+                "improved natural weapon": "Improved Natural Attack",
+                "quickened spell-like ability": "Quicken Spell-Like Ability",
+                "epix toughness": "Epic Toughness"}
+# Weapon targets in the stat blocks' words, by the weapon table's name.
+WEAPON_ALIASES = {"spiked chain": "Chain, spiked"}
+# Feat target kinds of the feat table's Target column.
+TARGET_NONE, TARGET_WEAPON, TARGET_SKILL, TARGET_SCHOOL = 0, 1, 2, 3
+SAVES = ["Fort", "Ref", "Will"]
+# An elemental's good save follows its element.
+ELEMENT_SAVES = {"Air": ["Ref"], "Fire": ["Ref"], "Earth": ["Fort"], "Water": ["Fort"]}
+# The ability behind each save; a creature without it adds nothing.
+SAVE_ABILITY = {"Fort": "Con", "Ref": "Dex", "Will": "Wis"}
+# What a feat adds to a save (the rules' own figures; the engine's feat bonus rows).
+SAVE_FEATS = {"Great Fortitude": ("Fort", 2), "Lightning Reflexes": ("Ref", 2),
+              "Iron Will": ("Will", 2), "Epic Fortitude": ("Fort", 4),
+              "Epic Reflexes": ("Ref", 4), "Epic Will": ("Will", 4)}
+# Save bonuses the open rules give a creature in its description, where its published line
+# needs them: (saves, amount or the ability whose modifier is added, the rule).
+NIGHTSHADE = ({"Fort": 2, "Ref": 2, "Will": 2},
+              "desecrating aura: a +2 profane bonus on saves within it, its own included")
+RACIAL_SAVES = {
+    "Nymph": ({"Fort": "Cha", "Ref": "Cha", "Will": "Cha"},
+              "unearthly grace: Charisma modifier on every save"),
+    "Derro": ({"Will": 6}, "madness: Charisma (+3) takes the place of Wisdom (-3) on Will saves"),
+    "Nightcrawler": NIGHTSHADE, "Nightwalker": NIGHTSHADE, "Nightwing": NIGHTSHADE,
+}
 SKIP = re.compile(r"\d+(st|nd|rd|th)-Level|Human Form|Hybrid|Wolf Form|Bear Form|Boar Form|"
                   r"Tiger Form|Rat Form|Giant Form", re.I)
 
@@ -79,6 +109,23 @@ def read_names(rows_dir, table):
                 continue
             names.append(cells[header.index("Name")])
     return names
+
+
+def read_rows(rows_dir, table):
+    """The rows of a rules table as dicts by column name."""
+    path = os.path.join(rows_dir, table + ".tsv")
+    rows, header = [], None
+    with open(path, encoding="utf-8") as f:
+        for line in f:
+            line = line.rstrip("\n")
+            if not line or line.startswith("#"):
+                continue
+            cells = line.split("\t")
+            if header is None:
+                header = cells
+                continue
+            rows.append(dict(zip(header, cells)))
+    return rows
 
 
 def read_skill_points(rows_dir):
@@ -145,7 +192,23 @@ class Converter:
         self.qualities = read_names(rows_dir, "types Race Special Quality")
         self.subtypes = read_names(rows_dir, "info Race Subtypes")
         self.type_skill_points = read_skill_points(rows_dir)
+        self.feat_targets = {r["Name"].lower(): (r["Name"], int(r["Target"] or 0))
+                             for r in read_rows(rows_dir, "info Feat")}
+        self.feat_stacks = {r["Name"] for r in read_rows(rows_dir, "info Feat")
+                            if r["StackType"] == "1"}
+        self.weapons = {n.lower(): n for n in read_names(rows_dir, "info Weapons")}
+        self.skills = {n.lower(): n for n in read_names(rows_dir, "info Skill")}
+        for r in read_rows(rows_dir, "info Skill Sub"):
+            name = "%s (%s)" % (r["Guid"], r["Name"])
+            self.skills[name.lower()] = name
+        self.schools = {n.lower(): n for n in read_names(rows_dir, "info Spell Schools")}
+        self.type_good_saves = {
+            r["Name"]: [save for save, column in zip(SAVES, ("HIFORT", "HIREF", "HIWILL"))
+                        if r[column] == "1"]
+            for r in read_rows(rows_dir, "info Class") if r["ClassType"] == "2"}
         self.gaps = collections.Counter()
+        # Creatures whose published saves the converter cannot reach, with the gap.
+        self.save_misses = []
 
     def gap(self, what):
         self.gaps[what] += 1
@@ -233,6 +296,22 @@ class Converter:
         if points:
             out.append("skill_points: %d" % points)
 
+        out.insert(1, self.published_line(row))
+        taken, feat_words = self.feats(row)
+        published = {}
+        for save in SAVES:
+            sm = re.search(r"%s\s*([+-]\d+)" % save, row["Saves"])
+            published[save] = int(sm.group(1)) if sm else None
+        counts = {re.sub(r"\s*\(.*$", "", f).strip('"'): 1 for f in taken}
+        usual = ELEMENT_SAVES.get(next((t for t in subs if t in ELEMENT_SAVES), None),
+                                  self.type_good_saves[ctype]) if ctype == "Elemental" else \
+            self.type_good_saves[ctype]
+        good, bonus = self.saves(name, usual, number(hd.group(1)), ab, counts, published)
+        if good != self.type_good_saves[ctype]:
+            out.append("good_saves: " + (", ".join(good) if good else "none"))
+        if bonus:
+            out.append("save_bonus: " + ", ".join("%s %+d" % (k, v) for k, v in bonus.items()))
+
         nat = re.search(r"([+-]\d+)\s+natural", row["Armor Class"])
         if nat:
             out.append("natural_armor: %d" % int(nat.group(1)))
@@ -318,9 +397,130 @@ class Converter:
             out.append("flags: " + ", ".join(COMPANION_FLAGS[name]))
         if name in FAMILIAR_BONUS:
             out.append("familiar_bonus: " + FAMILIAR_BONUS[name])
+        if taken:
+            out.append("feats: " + ", ".join(self.feat_text(f, n) for f, n in taken.items()))
         for f in feats:
             out.append("feature: " + f)
+        for f in feat_words:
+            out.append("feature: Feat: " + f)
         return out, None
+
+    @staticmethod
+    def published_line(row):
+        """The stat block's combat figures as a comment, so that the built monsters can be
+        measured against them: '-' where the block gives none (no Strength, no Dexterity)."""
+        def first(pattern, text):
+            m = re.search(pattern, text.replace("\u2212", "-").replace("\u2013", "-"))
+            return "%+d" % int(m.group(1)) if m else "-"
+        ba = re.match(r"^\s*([+-]\d+)\s*/\s*([+-]\d+)?", row["Base Attack/Grapple"])
+        hp = re.search(r"\(([\d,]+)\s*hp", row["Hit Dice"])
+        ac = re.match(r"^\s*(\d+)", row["Armor Class"])
+        return "# published: base attack %s, grapple %s, Fort %s, Ref %s, Will %s, hp %s, AC %s" % (
+            "%+d" % int(ba.group(1)) if ba else "-",
+            "%+d" % int(ba.group(2)) if ba and ba.group(2) else "-",
+            first(r"Fort\s*([+-]\d+)", row["Saves"]), first(r"Ref\s*([+-]\d+)", row["Saves"]),
+            first(r"Will\s*([+-]\d+)", row["Saves"]),
+            hp.group(1).replace(",", "") if hp else "-", ac.group(1) if ac else "-")
+
+    def feats(self, row):
+        """The Feats and Epic Feats columns as feat-set entries, with how often each is taken.
+        Returns (entries, kept as features): a feat whose target the record cannot name (a
+        natural weapon, a special attack, a spell) or that the feat table lacks is kept in
+        words."""
+        entries, words = collections.OrderedDict(), []
+        text = row["Feats"] + "," + row["Epic Feats"]
+        for raw in split_top(text, ","):
+            item = raw.strip().rstrip(".").strip()
+            item = re.sub(r"^and\s+", "", item)
+            if not item or item in ("-", "\u2014") or item.startswith("(x"):
+                continue
+            # "TrackB", "Weapon Finesse B": a bonus feat of the type; taken all the same.
+            item = re.sub(r"(?<=[a-z)])\s*B$", "", item)
+            count = 1
+            times = re.search(r"\s*\((?:x\s*)?(\d+)\)$", item)
+            if times:
+                count = int(times.group(1))
+                item = item[:times.start()]
+            m = re.match(r"^(.+?)\s*(?:\((.*)\))?$", item)
+            name, target = m.group(1).strip(), (m.group(2) or "").strip()
+            name = FEAT_ALIASES.get(name.lower(), name)
+            entry = self.feat_entry(name, target)
+            if entry is None:
+                self.gap("feat the feat set cannot hold (kept as a feature)")
+                words.append(item + (" (x%d)" % count if count > 1 else ""))
+                continue
+            entries[entry] = entries.get(entry, 0) + count
+        return entries, words
+
+    def feat_text(self, entry, times):
+        """'Toughness x2' for a feat that may be taken again; any other feat once."""
+        if times > 1 and re.sub(r"\s*\(.*$", "", entry.strip('"')) in self.feat_stacks:
+            return "%s x%d" % (entry, times)
+        if times > 1:
+            self.gap("feat taken more than once that may not be (written once)")
+        return entry
+
+    def feat_entry(self, name, target):
+        """'Weapon Focus (Longsword)' as a source names it, or None."""
+        hit = self.feat_targets.get(name.lower())
+        if not hit:
+            return None
+        name, kind = hit
+        if kind == TARGET_NONE:
+            return None if target else name
+        if not target:
+            return None
+        if kind == TARGET_WEAPON:
+            low = target.lower()
+            found = self.weapons.get(WEAPON_ALIASES.get(low, low).lower())
+        elif kind == TARGET_SKILL:
+            found = self.skills.get(target.replace("[", "(").replace("]", ")").lower())
+        elif kind == TARGET_SCHOOL:
+            found = self.schools.get(target.lower())
+        else:
+            found = None
+        if not found:
+            return None
+        entry = "%s (%s)" % (name, found)
+        return '"%s"' % entry if "," in entry else entry
+
+    def saves(self, name, usual, hit_dice, ab, feats, published):
+        """Good saves and racial save bonuses worked back from the published saves: each save
+        less its ability modifier and feats must be the good (HD/2 + 2) or the poor (HD/3)
+        figure of the creature's hit dice, a fraction of a die counting as none. Where it is
+        neither, the creature keeps the `usual` good saves of its kind."""
+        level = int(hit_dice)
+        good, bonus, misses = [], {}, []
+        racial = RACIAL_SAVES.get(name, ({}, ""))[0]
+        for save in SAVES:
+            score = ab[SAVE_ABILITY[save]]
+            base = (int(score) - 10) // 2 if score.isdigit() else 0
+            base += sum(amount * feats.get(feat, 0)
+                        for feat, (which, amount) in SAVE_FEATS.items() if which == save)
+            extra = racial.get(save, 0)
+            if isinstance(extra, str):
+                extra = (int(ab[extra]) - 10) // 2
+            if extra:
+                bonus[save] = extra
+            if published.get(save) is None:
+                # No published figure (no Dexterity): the type's progression stays.
+                if save in usual:
+                    good.append(save)
+                continue
+            rest = published[save] - base - extra
+            hi, lo = level // 2 + 2, level // 3
+            if rest == hi:
+                good.append(save)
+            elif rest != lo:
+                # Neither: a slip of the source or a rule the record cannot hold; the type's
+                # progression stays and the miss is reported.
+                if save in usual:
+                    good.append(save)
+                misses.append("%s %+d (good %+d, poor %+d)" % (
+                    save, published[save], hi + base + extra, lo + base + extra))
+        if misses:
+            self.save_misses.append((name, ", ".join(misses)))
+        return good, bonus
 
     def skill_points(self, ctype, hit_dice, intelligence):
         """(per hit die + Int modifier, at least 1) x (HD + 3), a fraction of a hit die counting
@@ -427,6 +627,9 @@ def main():
     print("wrote %d races, skipped %d" % (len(written), len(skipped)))
     for name, why in skipped:
         print("  skipped %s: %s" % (name, why))
+    print("published saves not reached (%d):" % len(conv.save_misses))
+    for name, what in conv.save_misses:
+        print("  %s: %s" % (name, what))
     print("defaults taken:")
     for what, count in sorted(conv.gaps.items()):
         print("  %4d  %s" % (count, what))

@@ -223,6 +223,8 @@ FEAT_BONUSES = [  # feat, type (2 Fort, 3 Ref, 4 Will, 5 initiative, 6 skill, 7 
     ('Persuasive', 6, 2, 'Bluff'), ('Persuasive', 6, 2, 'Intimidate'),
     ('Self-Sufficient', 6, 2, 'Heal'), ('Self-Sufficient', 6, 2, 'Survival'),
     ('Stealthy', 6, 2, 'Hide'), ('Stealthy', 6, 2, 'Move Silently'),
+    ('Epic Fortitude', 2, 4, ''), ('Epic Reflexes', 3, 4, ''), ('Epic Will', 4, 4, ''),
+    ('Epic Toughness', 7, 30, ''),
 ]
 
 

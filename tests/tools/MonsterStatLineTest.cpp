@@ -1,0 +1,223 @@
+// Every shipped monster built through the library from its ready race and measured against the
+// published stat block its race source quotes ("# published: ..."): base attack, grapple and
+// the three saves must reproduce it; hit points and armor class are counted alongside.
+#include "DCharacter.h"
+#include "DDatabase.h"
+#include "DFailureReporter.h"
+#include "DFileObject.h"
+#include "DHandBook.h"
+#include "DObjectManager.h"
+#include "DOptions.h"
+#include "FCReleaser.h"
+#include "TestSupport.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+namespace {
+
+enum Figure { kBaseAttack, kGrapple, kFort, kRef, kWill, kHitPoints, kArmorClass, kFigureCount };
+constexpr int kCombatFigures = kHitPoints; // base attack through Will: what must match
+const char* const kFigureNames[kFigureCount] = {"base attack", "grapple", "Fort", "Ref",
+                                                "Will",        "hp",      "AC"};
+
+struct Line {
+    int value[kFigureCount] = {};
+    bool given[kFigureCount] = {};
+};
+
+// The published line of a converted race source; false for a hand-written race.
+bool readPublished(const QString& path, Line& line) {
+    static const QRegularExpression pattern(
+        QStringLiteral("^# published: base attack (\\S+), grapple (\\S+), Fort (\\S+), "
+                       "Ref (\\S+), Will (\\S+), hp (\\S+), AC (\\S+)$"),
+        QRegularExpression::MultilineOption);
+    const QRegularExpressionMatch match =
+        pattern.match(QString::fromUtf8(hoardtest::readFile(path)));
+    if (!match.hasMatch())
+        return false;
+    for (int i = 0; i < kFigureCount; ++i)
+        line.value[i] = match.captured(i + 1).toInt(&line.given[i]);
+    return true;
+}
+
+Line builtLine(DCharacter& monster) {
+    Line line;
+    DACValues armor;
+    DHandBook::GetArmorClassValues(&monster, armor);
+    const int values[kFigureCount] = {monster.GetCharacterStat(kStatBaseAttack),
+                                      DHandBook::ComputeGrapple(&monster),
+                                      monster.GetCharacterStat(kStatFortitude),
+                                      monster.GetCharacterStat(kStatReflex),
+                                      monster.GetCharacterStat(kStatWill),
+                                      monster.GetCharacterStat(kStatHitPoints),
+                                      armor.Total()};
+    for (int i = 0; i < kFigureCount; ++i) {
+        line.value[i] = values[i];
+        line.given[i] = true;
+    }
+    return line;
+}
+
+// The figures of `built` that differ from the published ones, "Fort 8 (built 6)" for each.
+QStringList differences(const Line& published, const Line& built, int from, int to) {
+    QStringList out;
+    for (int i = from; i < to; ++i) {
+        if (published.given[i] && published.value[i] != built.value[i])
+            out << QStringLiteral("%1 %2 (built %3)")
+                       .arg(kFigureNames[i])
+                       .arg(published.value[i])
+                       .arg(built.value[i]);
+    }
+    return out;
+}
+
+// Monsters whose published line cannot be reached: slips of the stat blocks themselves and
+// rules the record does not hold. data/core/README.md gives the reason for each.
+const QSet<QString> kKnownMisses = {"Air Elemental, Primal",
+                                    "Bebilith",
+                                    "Behemoth Eagle",
+                                    "Choker",
+                                    "Demilich",
+                                    "Devastation Centipede",
+                                    "Earth Elemental, Primal",
+                                    "Iron Golem",
+                                    "Megaraptor",
+                                    "Monstrous Scorpion, Small",
+                                    "Monstrous Scorpion, Tiny",
+                                    "Mu Spore",
+                                    "Night Hag",
+                                    "Nightcrawler",
+                                    "Nightwalker",
+                                    "Nightwing",
+                                    "Octopus",
+                                    "Pseudonatural Troll",
+                                    "Puppeteer",
+                                    "Ruin Swarm",
+                                    "Shark, Huge",
+                                    "Shrieker",
+                                    "Squid",
+                                    "Squid, Giant",
+                                    "Tayellah",
+                                    "Ten-Headed Hydra",
+                                    "Thorciasid",
+                                    "Three-Headed Sirrush",
+                                    "Titan,Elder",
+                                    "Treant,Elder",
+                                    "Uvuudaum",
+                                    "Water Elemental, Primal",
+                                    "Worm That Walks",
+                                    "Xixecal",
+                                    "Young Adult Red Dragon Skeleton"};
+
+class MonsterStatLine : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(mUser.isValid());
+        DFailureReporter::SetQuiet(true);
+        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
+        DOptions::SetUserDataPath(FCString(mUser.path()));
+        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
+        DObjectManager::StartUp();
+    }
+    void TearDown() override {
+        DObjectManager::ShutDown();
+        DDatabase::ShutDown();
+        DFailureReporter::SetQuiet(false);
+    }
+
+    static FCRef<DCharacter> Monster(const QString& race) {
+        FCRef<DFileObject> entry(
+            DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString(race + ".rac")));
+        FCRef<DCharacter> monster(new DCharacter());
+        DHandBook::SetupCharacterWithRace(monster.get(), entry.get());
+        if (!monster->GetRace())
+            return FCRef<DCharacter>();
+        DHandBook::CharacterSetup(monster.get(), true);
+        return monster;
+    }
+
+    QTemporaryDir mUser;
+};
+
+TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
+    // Worked by hand: base attack is HD x the type's rate (3/4, 1 or 1/2), rounded down; grapple
+    // adds Str and the size's grapple modifier (Tiny -8, Large +4); a good save is HD/2 + 2, a
+    // poor one HD/3, plus the ability (Con, Dex, Wis) and the save feats.
+    const struct {
+        const char* race;
+        int values[kCombatFigures];
+    } handChecked[] = {
+        // Dire animal, Large, 6 HD, Str 25, Dex 15, Con 17, Wis 12: all three saves good,
+        // unlike the animal's Fort and Ref. 6 x 3/4 = 4; 4 + 7 + 4 = 15; 5 + 3, 5 + 2, 5 + 1.
+        {"Dire Wolf", {4, 15, 8, 7, 6}},
+        // Earth elemental, Large, 8 HD, Str 25, Dex 8, Con 19, Wis 11: good Fort only, where an
+        // air or fire elemental has good Ref. 6; 6 + 7 + 4 = 17; 6 + 4, 2 - 1, 2 + 0.
+        {"Earth Elemental, Large", {6, 17, 10, 1, 2}},
+        // Dragon, Tiny, 2 HD, Str 6, Dex 15, Con 13, Wis 12: all good, base attack 1 per HD.
+        // 2; 2 - 2 - 8 = -8; 3 + 1, 3 + 2, 3 + 1.
+        {"Pseudodragon", {2, -8, 4, 5, 4}},
+        // Fey, Medium, 6 HD, Str 10, Dex 17, Con 12, Wis 17, Cha 19: unearthly grace adds Cha +4
+        // to every save. 6 / 2 = 3; 3 + 0 = 3; poor Fort 2 + 1 + 4, good Ref 5 + 3 + 4, good
+        // Will 5 + 3 + 4.
+        {"Nymph", {3, 3, 7, 12, 12}},
+        // Humanoid, Medium, 3 HD, Str 15, Dex 12, Con 13, Wis 10: good Ref where the type's
+        // default is Fort. 2; 2 + 2 = 4; poor Fort 1 + 1, good Ref 3 + 1, poor Will 1 + 0.
+        {"Bugbear", {2, 4, 2, 4, 1}},
+        // Monstrous humanoid, Small, 3 HD, Str 11, Dex 14, Con 13, Wis 5, Cha 16: madness puts
+        // Cha (+3) in Wisdom's (-3) place on Will. 3; 3 + 0 - 4 = -1; poor Fort 1 + 1, good Ref
+        // 3 + 2, good Will 3 + 3.
+        {"Derro", {3, -1, 2, 5, 6}},
+    };
+    for (const auto& c : handChecked) {
+        SCOPED_TRACE(c.race);
+        FCRef<DCharacter> monster = Monster(QString::fromUtf8(c.race));
+        ASSERT_TRUE(monster);
+        const Line built = builtLine(*monster);
+        for (int i = 0; i < kCombatFigures; ++i)
+            EXPECT_EQ(built.value[i], c.values[i]) << kFigureNames[i];
+    }
+
+    const QDir sources(QStringLiteral(HOARD_CORE_SOURCE_DIR "/races"));
+    int measured = 0, matching = 0, hitPoints = 0, armorClass = 0;
+    QStringList unexpected, reached;
+    for (const QString& file : sources.entryList({"*.race"}, QDir::Files, QDir::Name)) {
+        Line published;
+        if (!readPublished(sources.filePath(file), published))
+            continue;
+        const QString race = file.chopped(5);
+        FCRef<DCharacter> monster = Monster(race);
+        if (!monster) {
+            ADD_FAILURE() << race.toStdString() << ": no ready race";
+            continue;
+        }
+        ++measured;
+        const Line built = builtLine(*monster);
+        hitPoints += differences(published, built, kHitPoints, kHitPoints + 1).isEmpty();
+        armorClass += differences(published, built, kArmorClass, kArmorClass + 1).isEmpty();
+        const QStringList missed = differences(published, built, 0, kCombatFigures);
+        if (missed.isEmpty()) {
+            ++matching;
+            if (kKnownMisses.contains(race))
+                reached << race;
+        } else if (!kKnownMisses.contains(race))
+            unexpected << race + ": " + missed.join(", ");
+    }
+    std::cout << "[ measured ] " << matching << " of " << measured
+              << " monsters reproduce base attack, grapple and saves; hp " << hitPoints << ", AC "
+              << armorClass << "\n";
+    ASSERT_GT(measured, 400);
+    EXPECT_TRUE(unexpected.isEmpty()) << unexpected.join("\n").toStdString();
+    EXPECT_TRUE(reached.isEmpty())
+        << "listed as missing, yet matching: " << reached.join(", ").toStdString();
+    // The known misses bound the share from below.
+    EXPECT_GE(matching * 100, measured * 92);
+}
+
+} // namespace
