@@ -4,6 +4,7 @@
 #include "CharacterFeatureRows.h"
 #include "CharacterGodRows.h"
 #include "CharacterItemRows.h"
+#include "CharacterSkillRows.h"
 #include "CharacterSpellRows.h"
 #include "DeskPrinting.h"
 #include "NewCharacterDialog.h"
@@ -216,26 +217,26 @@ void DeskMainWindow::ShowCharacter(const DCharacter& character, const QString& f
     QString fileText = file.isEmpty() ? tr("not saved") : file.toHtmlEscaped();
     if (mCharacterEdited)
         fileText += tr(" (changed here, not saved)");
-    mView->setHtml(tr("<h2>%1</h2><table>"
-                      "<tr><td><b>Player</b></td><td>%2</td></tr>"
-                      "<tr><td><b>Race</b></td><td>%3</td></tr>"
-                      "<tr><td><b>Level</b></td><td>%4</td></tr>"
-                      "<tr><td><b>Classes</b></td><td>%5</td></tr>"
-                      "<tr><td><b>Abilities</b></td><td>%6</td></tr>"
-                      "<tr><td><b>Hit points</b></td><td>%7</td></tr>"
-                      "%8"
-                      "<tr><td><b>File</b></td><td>%9</td></tr></table>")
-                       .arg(character.GetCharacterName().toHtmlEscaped(),
-                            character.GetPlayerName().toHtmlEscaped(),
-                            race ? race->GetRaceName().toHtmlEscaped() : QString(),
-                            QString::number(int(character.GetCharacterLevel())),
-                            classes.join(", ").toHtmlEscaped(), abilities.join(", "),
-                            QString::number(character.GetCharacterStat(kStatHitPoints)),
-                            CombatRows(character) + CharacterItemRows::Build(character) +
-                                CharacterFeatureRows::Build(character) +
-                                CharacterGodRows::Build(character) +
-                                CharacterSpellRows::Build(character),
-                            fileText));
+    mView->setHtml(
+        tr("<h2>%1</h2><table>"
+           "<tr><td><b>Player</b></td><td>%2</td></tr>"
+           "<tr><td><b>Race</b></td><td>%3</td></tr>"
+           "<tr><td><b>Level</b></td><td>%4</td></tr>"
+           "<tr><td><b>Classes</b></td><td>%5</td></tr>"
+           "<tr><td><b>Abilities</b></td><td>%6</td></tr>"
+           "<tr><td><b>Hit points</b></td><td>%7</td></tr>"
+           "%8"
+           "<tr><td><b>File</b></td><td>%9</td></tr></table>")
+            .arg(character.GetCharacterName().toHtmlEscaped(),
+                 character.GetPlayerName().toHtmlEscaped(),
+                 race ? race->GetRaceName().toHtmlEscaped() : QString(),
+                 QString::number(int(character.GetCharacterLevel())),
+                 classes.join(", ").toHtmlEscaped(), abilities.join(", "),
+                 QString::number(character.GetCharacterStat(kStatHitPoints)),
+                 CombatRows(character) + CharacterSkillRows::Build(character) +
+                     CharacterItemRows::Build(character) + CharacterFeatureRows::Build(character) +
+                     CharacterGodRows::Build(character) + CharacterSpellRows::Build(character),
+                 fileText));
     setWindowTitle(tr("Hoard - %1").arg(character.GetCharacterName()));
     // Rewritten at every showing, so it follows every change made here.
     if (mCharacter)

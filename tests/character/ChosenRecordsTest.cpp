@@ -2,7 +2,6 @@
 
 #include "CharacterTestSupport.h"
 
-#include "DAdjChosenSpeed.h"
 #include "DChosenAnimal.h"
 #include "DChosenFeat.h"
 #include "DChosenFeature.h"
@@ -98,13 +97,6 @@ TEST(PackedGuidFieldTest, WholeNumberLivesInTheFirstFourBytes) {
         field.setLong(258);
         EXPECT_EQ(field.getGuid().toRfc4122().toHex(), "000001024445464748494a4b4c4d4e4f");
     }
-}
-
-TEST(DChosenFeatTest, NewFeatCountsOnce) {
-    const DChosenFeat feat;
-    EXPECT_EQ(feat.GetCount(), 1);
-    EXPECT_EQ(feat.GetFeatFlags(), 0u);
-    EXPECT_TRUE(feat.GetTargetGuid().isNull());
 }
 
 DChosenFeat makeFeat(quint8 featSeed, quint8 classSeed, quint8 targetSeed, quint8 subSeed,
@@ -270,16 +262,6 @@ TEST(DTargetDataTest, EqualityIgnoresTheText) {
         c.change(other);
         EXPECT_EQ(static_cast<const DTargetDataBase&>(other) == base, c.equal);
     }
-}
-
-TEST(DAdjChosenSpeedTest, StartsFromTheSpeedItAdjusts) {
-    const DChosenSpeed fly(3, 60, 4);
-    const DAdjChosenSpeed adjusted(fly);
-    EXPECT_EQ(adjusted.GetSpeedId(), 3);
-    EXPECT_EQ(adjusted.GetSpeedValue(), 60);
-    EXPECT_EQ(adjusted.GetSpeedModId(), 4);
-    EXPECT_EQ(adjusted.GetAdjSpeedValue(), 60);
-    EXPECT_EQ(adjusted.GetClassInfoA(), DAdjChosenSpeed::GetStaticClassInfo());
 }
 
 } // namespace

@@ -18,16 +18,6 @@ const QUuid kFighter = guid(0x10);
 const QUuid kRogue = guid(0x20);
 const QUuid kWizard = guid(0x30);
 
-TEST(DChosenSkillTest, RanksOfAClassWithoutARecordAreZero) {
-    DChosenSkill skill;
-    EXPECT_EQ(skill.GetRanks(kFighter), 0.0f);
-    EXPECT_EQ(skill.GetLockedRanks(kFighter), 0.0f);
-    EXPECT_EQ(skill.GetSkillRankInfo(kFighter), nullptr);
-    skill.SetRanks(kRogue, 1, 2.0f);
-    EXPECT_EQ(skill.GetRanks(kFighter), 0.0f);
-    EXPECT_EQ(skill.GetRanks(kRogue), 2.0f);
-}
-
 TEST(DChosenSkillTest, SetRanksKeepsOneRecordPerClass) {
     DChosenSkill skill;
     skill.SetRanks(kRogue, 1, 2.0f);
@@ -98,32 +88,6 @@ TEST(DChosenSkillTest, Totals) {
     }
 }
 
-TEST(DChosenSkillTest, HasValues) {
-    struct Case {
-        const char* name;
-        std::vector<Rank> ranks;
-        int userMod;
-        int miscMod;
-        bool hasValues;
-    };
-    const Case cases[] = {
-        {"nothing", {}, 0, 0, false},
-        {"record without ranks", {{kRogue, 1, 0.0f, 0.0f}}, 0, 0, false},
-        {"ranks", {{kRogue, 1, 0.5f, 0.0f}}, 0, 0, true},
-        {"locked ranks only", {{kRogue, 1, 0.0f, 2.0f}}, 0, 0, true},
-        {"one mod", {}, 0, -2, true},
-        {"mods that cancel", {}, 2, -2, true},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        DChosenSkill skill = makeSkill(c.ranks);
-        skill.SetUserMod(c.userMod);
-        skill.SetMiscMod(c.miscMod);
-        skill.AddSkillFlag(DChosenSkill::kSkillFixed); // flags are no values
-        EXPECT_EQ(skill.DoesSkillHaveValues(), c.hasValues);
-    }
-}
-
 TEST(DChosenSkillTest, LevelUpLocksTheRanksBought) {
     DChosenSkill skill = makeSkill({{kRogue, 1, 2.0f, 3.0f}, {kFighter, 2, 1.5f, 0.0f}});
     ASSERT_EQ(skill.GetTotalSkillPointValue(), 5);
@@ -141,16 +105,6 @@ TEST(DChosenSkillTest, LevelUpLocksTheRanksBought) {
     skill.SetRanks(kRogue, 1, 1.0f);
     EXPECT_EQ(skill.GetTotalSkillPointValue(), 1);
     EXPECT_EQ(skill.GetLockedRanks(kRogue), 5.0f);
-}
-
-TEST(DChosenSkillTest, RemovingRankRecords) {
-    DChosenSkill skill = makeSkill({{kRogue, 1, 2.0f, 0.0f}, {kFighter, 2, 1.0f, 0.0f}});
-    skill.RemoveRankInfo(DSkillRankInfo(kRogue, 0, 0.0f));
-    EXPECT_EQ(skill.GetRankInfoArray().GetCount(), 1);
-    EXPECT_EQ(skill.GetRanks(kRogue), 0.0f);
-    EXPECT_EQ(skill.GetRanks(kFighter), 1.0f);
-    skill.RemoveAllRanks();
-    EXPECT_TRUE(skill.GetRankInfoArray().IsEmpty());
 }
 
 TEST(DChosenSkillTest, SetSortsBySkillThenSubSkillAndFindsByKey) {
@@ -173,18 +127,6 @@ TEST(DChosenSkillTest, SetSortsBySkillThenSubSkillAndFindsByKey) {
     ASSERT_NE(found, nullptr);
     EXPECT_EQ(found->GetSubSkillId(), guid(0x10));
     EXPECT_EQ(set.Find(DChosenSkill(guid(0x40), QUuid())), nullptr);
-}
-
-TEST(DChosenSkillTest, HostileRecordCountsFailCleanly) {
-    DChosenSkill skill = makeSkill({{kRogue, 1, 1.0f, 0.0f}});
-    const QByteArray bytes = storeObject(skill);
-    const int countAt = 2 + 12 + 16 + 16;
-    ASSERT_EQ(bytes.mid(countAt, 4).toHex(), "00000001");
-    for (const char* count : {"ffffffff", "7fffffff", "80000000", "00000002"}) {
-        QByteArray hostile = bytes;
-        hostile.replace(countAt, 4, QByteArray::fromHex(count));
-        EXPECT_EQ(loadObject(hostile), nullptr) << count;
-    }
 }
 
 } // namespace

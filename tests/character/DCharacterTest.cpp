@@ -179,13 +179,6 @@ TEST(DCharacterRecord, AbilitiesAndPackedIncreases) {
     EXPECT_EQ(c.GetEarnedAbilityStat(1), 5);
 }
 
-TEST(DCharacterRecord, ChangeFlagsStayWithoutAWatcher) {
-    DCharacter c;
-    c.AddChangeFlag(0x20);
-    c.HandleHasChanged();
-    EXPECT_TRUE(c.HasChangeFlag(0x20));
-}
-
 TEST_F(CharacterFiles, SaveAndLoadKeepsEveryStoredField) {
     DCharacter original;
     fill(original);

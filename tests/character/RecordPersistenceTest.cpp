@@ -435,23 +435,6 @@ TYPED_TEST(RecordPersistenceTest, CopiesCarryEveryFieldAndChangingOneLeavesTheOr
     Traits<TypeParam>::expectFilled(*original, Origin::Copy);
 }
 
-TYPED_TEST(RecordPersistenceTest, EveryTruncationFailsCleanly) {
-    const QByteArray bytes = storeObject(*this->filled());
-    for (qsizetype length = 0; length < bytes.size(); ++length) {
-        SCOPED_TRACE(length);
-        const QByteArray cut = bytes.left(length);
-        FCObject* created = nullptr;
-        EXPECT_FALSE(loadWith(cut, [&](FCArchive& archive) { created = archive.ReadObject(); }));
-        EXPECT_EQ(created, nullptr);
-
-        TypeParam into;
-        FCObject* result = nullptr;
-        EXPECT_FALSE(
-            loadWith(cut, [&](FCArchive& archive) { result = archive.ReadObject(&into); }));
-        EXPECT_EQ(result, nullptr);
-    }
-}
-
 TEST(RecordRegistryTest, ClassesNameTheirBases) {
     struct Case {
         const FCClassInfo* info;

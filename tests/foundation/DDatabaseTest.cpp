@@ -63,25 +63,6 @@ protected:
 
 } // namespace
 
-TEST(DDatabaseRegistry, TableNamesAndItemTables) {
-    EXPECT_EQ(DDatabase::GetTableName(0), "[info Coin]");
-    EXPECT_EQ(DDatabase::GetTableName(118), "[info Weapons]");
-    EXPECT_EQ(DDatabase::GetTableName(147), "[info Spell Schools]");
-    EXPECT_EQ(DDatabase::GetTableName(211), "[types Table Element]");
-    EXPECT_TRUE(DDatabase::GetTableName(212).isEmpty());
-    EXPECT_TRUE(DDatabase::GetTableName(-1).isEmpty());
-    QSet<QString> names;
-    for (int i = 0; i < kTableCount; ++i)
-        names.insert(DDatabase::GetTableName(i));
-    EXPECT_EQ(names.size(), kTableCount) << "table names must be unique";
-
-    const std::pair<int, int> itemTables[] = {{0, 118}, {1, 119}, {2, 120}, {3, 121}, {4, -1},
-                                              {5, 73},  {11, 87}, {12, 0},  {14, 48}, {15, 46},
-                                              {18, -1}, {19, -1}, {-1, -1}};
-    for (const auto& [type, table] : itemTables)
-        EXPECT_EQ(DDatabase::GetItemTypeTableId(type), table) << "item type " << type;
-}
-
 TEST_F(QuietReports, BrokenDatabasesFailOnceAtStartUpAndLookUpNothing) {
     const QByteArray rules = hoardtest::readFile(rulesDatabase());
     ASSERT_GT(rules.size(), 4096);

@@ -249,9 +249,6 @@ protected:
     static inline std::unique_ptr<odbc::Connection> sConnection;
 };
 
-QString all(const char* table) {
-    return QStringLiteral("SELECT * FROM %1").arg(table);
-}
 QString where(const char* table, const char* column, const QUuid& guid) {
     return QStringLiteral("SELECT * FROM %1 WHERE (%2='%3')")
         .arg(table, column, guid.toString(QUuid::WithBraces).toUpper());
@@ -261,80 +258,6 @@ QString where(const char* table, const char* column, int id) {
 }
 
 } // namespace
-
-TEST_F(RuleRecords, KeysBeforeAndAfterReadingARow) {
-    struct Case {
-        const char* what;
-        RecordPtr (*make)();
-        QString sql;
-        int key;
-        QUuid guid;
-    };
-    const Case cases[] = {
-        {"simple", makeRecord<DSimpleInfo>, where("[types Dice]", "Id", 8), 8, {}},
-        // A key wider than 32 bits keeps its low 32 bits.
-        {"simple wide", makeRecord<DSimpleInfo>, "SELECT 4294967304 AS Id, 'd8' AS Name", 8, {}},
-        {"simple guid", makeRecord<DSimpleGuidInfo>, where("[info Feat]", "Guid", kToughness), -1,
-         kToughness},
-        {"coin", makeRecord<DCoinInfo>, where("[info Coin]", "Id", 2), 2, {}},
-        {"class", makeRecord<DClassInfo>, where("[info Class]", "Id", 11), -1, kWizard},
-        {"level gold", makeRecord<DClassLevelInfo>, where("[info Level Gold]", "ID", 5), 5, {}},
-        {"alignment", makeRecord<DAlignmentInfo>, where("[info Alignment]", "ID", 2), 2, {}},
-        {"size", makeRecord<DSizeInfo>, where("[info Size]", "ID", 6), 6, {}},
-        {"skill", makeRecord<DSkillInfo>, where("[info Skill]", "ID", 38), 38, kSwim},
-        {"sub-skill", makeRecord<DSubSkillInfo>, all("[info Skill Sub]"), -1, {}},
-        {"feat", makeRecord<DFeatInfo>, where("[info Feat]", "Guid", kWeaponFocus), -1,
-         kWeaponFocus},
-        {"feature", makeRecord<DFeatureInfo>, where("[info Features]", "Guid", kSpellbook), -1,
-         kSpellbook},
-        {"language", makeRecord<DLanguageInfo>, where("[info Language]", "ID", 12), 12, kDruidic},
-        {"load", makeRecord<DLoadInfo>, where("[info Load]", "Id", 2), 2, {}},
-        {"spell", makeRecord<DSpellInfo>, where("[info Spell]", "Id", 512), 512, kStoneskin},
-        {"spell level", makeRecord<DSpellLevelInfo>, all("[info Spell Level]"), -1, {}},
-        {"spells per day", makeRecord<DSpellsPerInfo>, all("[info Spells Per Day]"), -1, {}},
-        {"school", makeRecord<DSchoolInfo>, where("[info Spell Schools]", "Id", 1), 1, {}},
-        {"domain", makeRecord<DDomainInfo>, all("[info Domain]"), -1, kGoodDomain},
-        {"god", makeRecord<DGodInfo>, where("[info God]", "Guid", kMoradin), -1, kMoradin},
-        {"speed", makeRecord<DSpeedTypeInfo>, all("[info Speed]"), 3, {}},
-        {"speed mod", makeRecord<DSpeedModTypeInfo>, all("[types Speed]"), 2, {}},
-        {"damage change", makeRecord<DDamageChangeInfo>, all("[info Advancement Damage]"), 8, {}},
-        {"age change", makeRecord<DAgeChangeInfo>, where("[info Advancement Age]", "Id", 9), 9, {}},
-        {"mount", makeRecord<DFamiliarMountInfo>, all("[info Mount]"), -1, {}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        const RecordPtr record = c.make();
-        EXPECT_EQ(record->GetPrimaryKey(), -1);
-        EXPECT_TRUE(record->GetPrimaryKeyGuid().isNull());
-        ASSERT_TRUE(fill(c.sql, *record));
-        EXPECT_EQ(record->GetPrimaryKey(), c.key);
-        EXPECT_EQ(record->GetPrimaryKeyGuid(), c.guid);
-    }
-}
-
-TEST_F(RuleRecords, RegisteredRecordsAreMadeByNameAndTheOthersAreNot) {
-    const char* registered[] = {
-        "DSimpleInfo",       "DSimpleGuidInfo",   "DCoinInfo",      "DClassInfo",
-        "DClassLevelInfo",   "DAlignmentInfo",    "DSizeInfo",      "DSkillInfo",
-        "DFeatInfo",         "DFeatureInfo",      "DLanguageInfo",  "DLoadInfo",
-        "DSchoolInfo",       "DDomainInfo",       "DGodInfo",       "DSpeedTypeInfo",
-        "DSpeedModTypeInfo", "DDamageChangeInfo", "DAgeChangeInfo", "DFamiliarMountInfo"};
-    for (const char* name : registered) {
-        SCOPED_TRACE(name);
-        const std::unique_ptr<FCObject, ReleaseObject> object(FCCreateDynamicObject(name));
-        ASSERT_NE(object, nullptr);
-        EXPECT_STREQ(object->GetClassInfoA()->GetClassName(), name);
-        EXPECT_TRUE(object->IsKindOf(DInfo::GetStaticClassInfo()));
-    }
-    EXPECT_TRUE(FCClassInfo::Find("DCoinInfo")->IsDerivedFrom(DSimpleInfo::GetStaticClassInfo()));
-
-    const RecordPtr unregistered[] = {makeRecord<DSubSkillInfo>(), makeRecord<DSpellInfo>(),
-                                      makeRecord<DSpellLevelInfo>(), makeRecord<DSpellsPerInfo>()};
-    for (const RecordPtr& record : unregistered)
-        EXPECT_EQ(record->GetClassInfoA(), DInfo::GetStaticClassInfo());
-    for (const char* name : {"DSubSkillInfo", "DSpellInfo", "DSpellLevelInfo", "DSpellsPerInfo"})
-        EXPECT_EQ(FCClassInfo::Find(name), nullptr) << name;
-}
 
 TEST_F(RuleRecords, CasterFlagsComeFromPreparesAndKnows) {
     const std::pair<QUuid, unsigned> cases[] = {

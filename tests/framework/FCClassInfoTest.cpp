@@ -90,16 +90,3 @@ TEST(FCClassInfoTest, CreateDynamicObjectByName) {
         EXPECT_EQ(TestCounted::sLive, before);
     }
 }
-
-TEST(FCClassInfoTest, FindKnowsEveryRegisteredClassByName) {
-    const FCClassInfo* const registered[] = {
-        FCObject::GetStaticClassInfo(), TestCounted::GetStaticClassInfo(),
-        TestAbstract::GetStaticClassInfo(), &TestMixinRoot::mClassTestMixinRoot};
-    for (const FCClassInfo* info : registered) {
-        SCOPED_TRACE(info->GetClassName());
-        EXPECT_EQ(FCClassInfo::Find(info->GetClassName()), info);
-    }
-    EXPECT_EQ(FCClassInfo::Find("NoSuchClass"), nullptr);
-    EXPECT_EQ(FCClassInfo::Find(nullptr), nullptr);
-    EXPECT_EQ(TestAbstract::GetStaticClassInfo()->CreateObject(), nullptr);
-}

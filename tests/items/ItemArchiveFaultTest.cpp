@@ -32,30 +32,6 @@ QByteArray word(quint32 value) {
 
 } // namespace
 
-TEST(ItemArchiveFault, EveryTruncationFailsCleanly) {
-    const int liveBefore = TestRecord::sLive;
-    {
-        DOffenseGroup group;
-        group.AddOffenseItem(DOffenseItem(DOffenseItem::kOffenseWeapon, 1, 1));
-        DMagicBonus bonus(1, 2, 0);
-        const std::pair<const char*, QByteArray> records[] = {
-            {"collection", storeObject(sampleCollection().get())},
-            {"custom", storeObject(sampleCustom().get())},
-            {"offense group", storeObject(&group)},
-            {"magic bonus", storeObject(&bonus)},
-        };
-        for (const auto& [what, bytes] : records) {
-            bool ok = false;
-            FCObject* whole = loadObject(bytes, &ok);
-            ASSERT_TRUE(whole && ok) << what;
-            whole->Release();
-            for (qsizetype length = 0; length < bytes.size(); ++length)
-                expectCleanFailure(bytes.left(length), what);
-        }
-    }
-    EXPECT_EQ(TestRecord::sLive, liveBefore);
-}
-
 TEST(ItemArchiveFault, WrongStructureFailsCleanly) {
     const QByteArray collectionName = QByteArray::fromHex("000F") + "DItemCollection";
     const QByteArray nullObject(2, '\0');

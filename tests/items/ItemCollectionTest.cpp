@@ -73,16 +73,3 @@ TEST(Currency, AddsAndSubtractsCoinByCoin) {
             EXPECT_EQ(left.GetAmount(coin), c.expected[size_t(coin)]) << "coin " << coin;
     }
 }
-
-TEST(Currency, IgnoresCoinTypesOutsideTheFour) {
-    DCurrency money;
-    money.SetAmount(4, 9);
-    money.AdjustAmount(-1, 9);
-    EXPECT_TRUE(money.IsEmpty());
-    EXPECT_EQ(money.GetAmount(4), 0);
-    money.AdjustAmount(kCoinGold, 3);
-    money.AdjustAmount(kCoinGold, -1);
-    EXPECT_EQ(money.GetAmount(kCoinGold), 2);
-    money.ClearAll();
-    EXPECT_TRUE(money.IsEmpty());
-}

@@ -120,56 +120,6 @@ protected:
 
 } // namespace
 
-TEST_F(ItemDatabase, WeaponRowFillsEveryField) {
-    DWeaponInfo arrows;
-    arrows.SetData(rowOf("SELECT * FROM [info Weapons] WHERE Name = 'Arrows'"));
-    EXPECT_EQ(arrows.GetItemGuid(), kArrows);
-    EXPECT_EQ(arrows.GetItemName(), QStringLiteral("Arrows"));
-    EXPECT_EQ(arrows.GetCost(), 1);
-    EXPECT_EQ(arrows.GetCostCoinType(), 2);
-    EXPECT_EQ(arrows.GetWeight(), 3.0f);
-    EXPECT_EQ(arrows.GetMasterWorkType(), 2);
-    EXPECT_EQ(arrows.GetOffenseCount(), 20);
-    EXPECT_EQ(arrows.GetRangeType(), 1);
-    EXPECT_EQ(arrows.GetSkillType(), 2);
-    EXPECT_EQ(arrows.GetSizeType(), 1);
-    EXPECT_EQ(arrows.GetDamageDieCount(0), 1);
-    EXPECT_EQ(arrows.GetDamageDieCount(1), 0);
-    EXPECT_EQ(arrows.GetDamageDieId(0), 4);
-    EXPECT_EQ(arrows.GetDamageDieId(1), 0);
-    EXPECT_EQ(arrows.GetCriticalMin(), 0);
-    EXPECT_EQ(arrows.GetCriticalMultiplier(0), 3);
-    EXPECT_EQ(arrows.GetCriticalMultiplier(1), 0);
-    EXPECT_EQ(arrows.GetRangeIncrement(), 0);
-    EXPECT_EQ(arrows.GetDamageType(), 2);
-    EXPECT_EQ(arrows.GetUseType(), 4);
-    EXPECT_EQ(arrows.GetApplyStrModType(), 2);
-    EXPECT_EQ(arrows.GetMaxStrBonus(), 0);
-    EXPECT_EQ(arrows.GetMagicBonus(), 0);
-    EXPECT_EQ(arrows.GetActsAsWeaponId(), kBow);
-    EXPECT_EQ(arrows.GetFamilyId(), 7);
-    // Resizable from construction, and "CantBuy"; nothing else.
-    EXPECT_EQ(arrows.GetWeaponFlags(), 0x41u);
-
-    // The columns that are numbers rather than yes/no set their bit for any non-zero value.
-    DWeaponInfo unarmed;
-    unarmed.RemoveWeaponFlag(DWeaponInfo::kWeaponFlagResizable);
-    unarmed.AddWeaponFlag(DWeaponInfo::kWeaponFlagGrenadeLike);
-    unarmed.SetData(rowOf("SELECT * FROM [info Weapons] WHERE Name = 'Unarmed strike'"));
-    EXPECT_EQ(unarmed.GetItemGuid(), kUnarmed);
-    EXPECT_EQ(unarmed.GetWeaponFlags(), 0x4Au);
-    EXPECT_TRUE(unarmed.GetIsSubdualDamage());
-    EXPECT_TRUE(unarmed.GetIsMonkUnarmored());
-    EXPECT_FALSE(unarmed.GetIsGrenadeLike());
-    EXPECT_TRUE(unarmed.GetActsAsWeaponId().isNull());
-
-    DWeaponInfo sword;
-    sword.SetData(rowOf("SELECT * FROM [info Weapons] WHERE Name = 'Longsword'"));
-    EXPECT_TRUE(sword.GetApply2HandedMultiplier());
-    EXPECT_EQ(sword.GetCriticalMin(), 19);
-    EXPECT_EQ(sword.GetWeaponFlags(), 0x5u);
-}
-
 TEST_F(ItemDatabase, MissingColumnsThrowAndTypeDecidesWhatIsRead) {
     DWeaponInfo weapon;
     EXPECT_THROW(weapon.SetData(rowOf("SELECT Guid, Name FROM [info Weapons]")),

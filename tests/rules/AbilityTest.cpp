@@ -266,32 +266,6 @@ TEST_F(AbilityTest, AStrengthOfNothingBecomesOne) {
     EXPECT_EQ(character->GetAbilityStat(kAbilityStrength), 1);
 }
 
-TEST_F(AbilityTest, SettersMoveTheirFieldAndClampTheScoreAtOne) {
-    Ref<DFileObject> race = CoreRace("Human");
-    ASSERT_NE(race, nullptr);
-    Ref<DCharacter> character = NewCharacter(race.get(), {"Fighter"});
-    DCharacter* c = character.get();
-    ASSERT_EQ(c->GetAbilityStat(kAbilityStrength), 10);
-
-    DHandBook::SetCharacterAbilityStatBase(c, kAbilityStrength, 14, false);
-    EXPECT_EQ(c->GetAbilityStatBase(kAbilityStrength), 14);
-    DHandBook::SetCharacterAbilityStatBonus(c, kAbilityStrength, 4, false);
-    EXPECT_EQ(c->GetAbilityStat(kAbilityStrength), 18);
-    DHandBook::AdjustCharacterAbilityStatBonus(c, kAbilityStrength, -2, false);
-    EXPECT_EQ(c->GetAbilityStatBonus(kAbilityStrength), 2);
-    DHandBook::AdjustCharacterAbilityStatEquipBonus(c, kAbilityStrength, 3, false);
-    EXPECT_EQ(c->GetAbilityStatEquipBonus(kAbilityStrength), 3);
-    EXPECT_EQ(c->GetAbilityStat(kAbilityStrength), 19);
-    EXPECT_EQ(c->GetAbilityStatNoEquipBonus(kAbilityStrength), 16) << "worn items left out";
-    EXPECT_EQ(c->GetTotalAbilityStatBonus(kAbilityStrength), 5);
-
-    // A curse of -20 cannot take a score below 1.
-    DHandBook::AdjustCharacterAbilityStatBonus(c, kAbilityWisdom, -20, false);
-    EXPECT_EQ(c->GetAbilityStat(kAbilityWisdom), 1);
-    EXPECT_EQ(c->GetAbilityStatNoEquipBonus(kAbilityWisdom), 1);
-    EXPECT_EQ(DHandBook::GetAbilityModifier(c->GetAbilityStat(kAbilityWisdom)), -5);
-}
-
 TEST_F(AbilityTest, ANullAbilityTakesNoBonus) {
     Ref<DFileObject> race = CoreRace("Allip");
     ASSERT_NE(race, nullptr);
@@ -433,17 +407,6 @@ TEST_F(AbilityTest, AnIncreaseIsEarnedEveryFourthClassLevel) {
         DHandBook::ComputeAndSetEarnedAbilityPoints(character.get());
         EXPECT_EQ(character->GetCharacterStat(kStatEarnedAbilityPoints), c.earned);
     }
-}
-
-TEST(AbilityText, LevelOrdinals) {
-    const struct {
-        int level;
-        const char* text;
-    } cases[] = {{0, "0"},     {1, "1st"},   {2, "2nd"},   {3, "3rd"},
-                 {4, "4th"},   {11, "11th"}, {12, "12th"}, {13, "13th"},
-                 {20, "20th"}, {21, "21th"}, {22, "22th"}, {31, "31th"}};
-    for (const auto& c : cases)
-        EXPECT_EQ(QString(DHandBook::BuildLevelString(c.level)).toStdString(), c.text);
 }
 
 TEST(AbilityText, EarnedAndInherentIncreasesByLevel) {

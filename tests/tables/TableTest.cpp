@@ -403,28 +403,6 @@ TEST(TableFile, UnreadableFilesGiveNoTable) {
     }
 }
 
-TEST(TableFile, FlippedBitsAreReadOrRefusedAndRollWithoutHanging) {
-    // A table of every kind of row, each bit of its file flipped in turn; whatever loads is
-    // rolled with itself as every nested table.
-    QTemporaryDir dir;
-    FCRef<DTable> table(new DTable());
-    int line = 0;
-    QString error;
-    ASSERT_TRUE(DTableText::Parse("die\t1d4\n1\t1\ttable\tSelf\n2\t1d2\tmonster\tWolf\t3\n"
-                                  "3\t2-4\tcharacter\tBob\t1\tElf\t9\n4\t/2\ttext\tRain\n",
-                                  *table, line, error));
-    const QString path = dir.filePath("Self.tbl");
-    ASSERT_TRUE(table->SaveToFile(FCString(path)));
-    const QByteArray bytes = hoardtest::readFile(path);
-    for (qsizetype bit = 0; bit < bytes.size() * 8; ++bit) {
-        QByteArray flipped = bytes;
-        flipped[bit / 8] = char(flipped[bit / 8] ^ char(1 << (bit % 8)));
-        EXPECT_EQ(hoardfuzz::FuzzTableFile(reinterpret_cast<const uint8_t*>(flipped.constData()),
-                                           size_t(flipped.size())),
-                  0);
-    }
-}
-
 TEST(TableText, ImportExportImportKeepsTheTable) {
     const QString text = "die\t2d6+1\n"
                          "notes\tback\\\\slash\\nand a line\n"

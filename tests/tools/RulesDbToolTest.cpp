@@ -221,53 +221,6 @@ TEST(RulesDbToolTest, RejectsEachKindOfBadSourceAtItsFileAndLine) {
     }
 }
 
-TEST(RulesDbToolTest, TruncatedAndRandomSourcesFailCleanly) {
-    struct Damage {
-        const char* what;
-        QString file;
-        std::function<QByteArray(const QByteArray&)> change;
-    };
-    const QList<Damage> cases = {
-        {"a schema cut in the middle of a statement", "schema/info.sql",
-         [](const QByteArray& bytes) {
-             return bytes.left(bytes.indexOf("REFERENCES [info Skill]"));
-         }},
-        {"a schema of random bytes", "schema/rolls.sql",
-         [](const QByteArray&) {
-             QByteArray noise;
-             quint32 state = 12345;
-             for (int i = 0; i < 4096; ++i) {
-                 state = state * 1103515245u + 12345u; // a fixed sequence, so failures repeat
-                 noise.append(char(state >> 24));
-             }
-             return noise;
-         }},
-        {"a row file of random bytes", "rows/info Coin.tsv",
-         [](const QByteArray&) {
-             QByteArray noise = CoinHeader.toUtf8();
-             quint32 state = 777;
-             for (int i = 0; i < 4096; ++i) {
-                 state = state * 1103515245u + 12345u;
-                 noise.append(char(state >> 24));
-             }
-             return noise;
-         }},
-        {"a row file cut inside a row", "rows/info Coin.tsv",
-         [](const QByteArray&) { return (CoinHeader + "0\tCopper\tcp\t1\t0.").toUtf8(); }},
-    };
-    for (const Damage& damage : cases) {
-        SCOPED_TRACE(damage.what);
-        const SourceDir source;
-        const QString path = source.file(damage.file);
-        ASSERT_TRUE(hoardtest::writeFile(path, damage.change(hoardtest::readFile(path))));
-        const QString output = source.file(QStringLiteral("rules.db"));
-        const RulesDbRun result = RulesDbRun::run(source.path(), output);
-        EXPECT_EQ(result.exitCode, 1);
-        EXPECT_TRUE(result.errorText.startsWith(path + u':')) << result.errorText.toStdString();
-        EXPECT_FALSE(QFile::exists(output));
-    }
-}
-
 // Reads one value with a connection of the test's own.
 QVariant queryValue(const QString& database, const QString& statement) {
     QVariant value;

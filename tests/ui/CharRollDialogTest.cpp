@@ -156,54 +156,6 @@ TEST(CharRollDialogRules, RollLabelAndPointBuyMaximum) {
             << c.value << " with " << c.remaining << " left";
 }
 
-TEST_F(CharRollDialogTest, EachMethodShowsItsControls) {
-    Ref<DCharacter> character = Character("Human", "Fighter", 1);
-    D_UICharRollDialog dialog;
-    dialog.Setup(character.get());
-    EXPECT_EQ(dialog.GetMethod(), 0);
-    const struct {
-        int method;
-        bool assign, reroll, swap, roll, points, ok;
-        int budget;
-    } cases[] = {
-        {0, true, false, false, true, false, false, -1},
-        {1, false, true, true, true, false, false, -1},
-        {2, true, false, false, true, false, false, -1},
-        {3, false, false, false, true, false, false, -1},
-        {4, true, false, false, true, false, false, -1},
-        {5, true, true, false, true, false, false, -1},
-        {6, false, false, false, false, true, true, 25},
-        {7, false, false, false, false, true, true, 15}, // the first campaign, Low-powered
-        {8, true, false, false, false, false, false, -1},
-        {9, false, false, false, false, true, true, 10000},
-        {0, true, false, false, true, false, false, -1},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.method);
-        ChooseMethod(dialog, c.method);
-        EXPECT_EQ(!part<QWidget>(dialog, "mFrameAssign")->isHidden(), c.assign);
-        EXPECT_EQ(!part<QWidget>(dialog, "mFrameReroll")->isHidden(), c.reroll);
-        EXPECT_EQ(!part<QWidget>(dialog, "mFrameSwitch")->isHidden(), c.swap);
-        EXPECT_EQ(part<QPushButton>(dialog, "mRollButton")->isEnabled(), c.roll);
-        EXPECT_EQ(!part<QSpinBox>(dialog, "mFrameAdd0")->isHidden(), c.points);
-        EXPECT_EQ(part<QPushButton>(dialog, "mOkButton")->isEnabled(), c.ok);
-        const bool campaign = c.method == 7;
-        EXPECT_EQ(part<QComboBox>(dialog, "mCampaignCombo")->isEnabled(), campaign);
-        EXPECT_EQ(!part<QComboBox>(dialog, "mCampaignCombo")->isHidden(), campaign);
-        EXPECT_EQ(!part<QLabel>(dialog, "mPointsLeft")->isHidden(), c.method == 6 || campaign);
-        EXPECT_EQ(dialog.IsAssigned(), c.points) << "point buy assigns from the start";
-        if (c.budget >= 0) {
-            EXPECT_EQ(dialog.GetBudget(), c.budget);
-        }
-        if (c.method == 8) {
-            EXPECT_EQ(dialog.GetRolledScores(), (QList<int>{15, 14, 13, 12, 10, 8}));
-            EXPECT_TRUE(part<QPushButton>(dialog, "mAssignButton")->isEnabled());
-        } else {
-            EXPECT_TRUE(dialog.GetRolledScores().isEmpty());
-        }
-    }
-}
-
 TEST_F(CharRollDialogTest, RollingAssignsThroughAPermutation) {
     Ref<DCharacter> character = Character("Human", "Fighter", 1);
     D_UICharRollDialog dialog;
