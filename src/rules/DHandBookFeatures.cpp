@@ -78,6 +78,7 @@ enum : int {
     kRequireSpells = 5,
     kRequireClassLevel = 6,
     kRequireProficiency = 7,
+    kRequireLanguage = 8,
 };
 
 // "[types Spell Caster]" rows, and the row table of their names.
@@ -236,6 +237,7 @@ struct Requirement {
     int castType = kAnyCasterType;
     QUuid classGuid;
     int anyOf = 0;
+    QUuid language;
 };
 
 std::vector<Requirement> ReadRequirements(const QUuid& classGuid) {
@@ -257,6 +259,7 @@ std::vector<Requirement> ReadRequirements(const QUuid& classGuid) {
                               read.castType = row->getInt(QStringLiteral("CastType"));
                               read.classGuid = row->getGUID(QStringLiteral("ClassId"));
                               read.anyOf = row->getInt(QStringLiteral("AnyOf"));
+                              read.language = row->getGUID(QStringLiteral("LanguageId"));
                               rows.push_back(read);
                           });
     return rows;
@@ -318,6 +321,8 @@ bool MeetsRow(DCharacter* character, const Requirement& row) {
         return character->GetClassLevel(row.classGuid) >= row.data;
     case kRequireProficiency:
         return (character->GetProfFlags() & unsigned(row.data)) == unsigned(row.data);
+    case kRequireLanguage:
+        return character->GetLanguagePointer(row.language) != nullptr;
     default:
         return true;
     }
@@ -332,11 +337,11 @@ QString SubSkillName(const QUuid& subSkill) {
     return name;
 }
 
-QString SpellName(const QUuid& spell) {
-    QString name = spell.toString();
+QString NameByGuid(int table, const QUuid& guid) {
+    QString name = guid.toString();
     DDatabase::FirstRow(QString::asprintf("SELECT Name FROM %s WHERE (Guid=%s)",
-                                          DRulesQuery::Table(kTableSpell).constData(),
-                                          DRulesQuery::Guid(spell).constData()),
+                                          DRulesQuery::Table(table).constData(),
+                                          DRulesQuery::Guid(guid).constData()),
                         [&name](odbc::ResultSet* row) { name = row->getString(1); });
     return name;
 }
@@ -371,7 +376,7 @@ QString DescribeRow(const Requirement& row) {
             .arg(row.data);
     case kRequireSpells:
         if (!row.spell.isNull())
-            return QStringLiteral("able to cast %1").arg(SpellName(row.spell));
+            return QStringLiteral("able to cast %1").arg(NameByGuid(kTableSpell, row.spell));
         return row.castType == kAnyCasterType
                    ? QStringLiteral("spells of level %1").arg(row.data)
                    : QStringLiteral("%1 spells of level %2")
@@ -385,6 +390,8 @@ QString DescribeRow(const Requirement& row) {
     }
     case kRequireProficiency:
         return ProficiencyText(row.data);
+    case kRequireLanguage:
+        return QStringLiteral("speaks %1").arg(NameByGuid(kTableLanguage, row.language));
     default:
         return {};
     }

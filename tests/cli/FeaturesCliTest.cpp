@@ -179,6 +179,15 @@ TEST_F(FeaturesCli, PrestigeClassesRefusedUntilTheirRequirementsAreMet) {
           {{}, "able to cast Planar Ally, Lesser"},
           {{"level-up", "--class", "Cleric"}, {}},
           {{}, {}}}},
+        // A sorcerer casts without preparing; Int 12 gives the one bonus language.
+        {"Dragon Disciple",
+         {"--class", "Sorcerer", "--level", "5"},
+         {{{"set-ability", "INT", "12"}, {}},
+          {{}, "Knowledge (Arcana) 8 ranks; speaks Draconic"},
+          {{"add-skill", "Knowledge (Arcana)", "8"}, {}},
+          {{}, "speaks Draconic"},
+          {{"add-language", "Draconic"}, {}},
+          {{}, {}}}},
         // Wizard 3 with Int 12 casts 2nd-level spells; a psion manifests 2nd-level powers at 3.
         {"Cerebremancer",
          {"--class", "Psion", "--level", "2", "--class", "Wizard", "--level", "3"},
