@@ -1,6 +1,7 @@
 #include "CharacterCommand.h"
 
 #include "CharacterAbility.h"
+#include "CharacterCompanions.h"
 #include "CharacterFeatures.h"
 #include "CharacterGods.h"
 #include "CharacterItems.h"
@@ -12,6 +13,7 @@
 #include "DCharacter.h"
 #include "DCharacterClass.h"
 #include "DClassInfo.h"
+#include "DCompanionRules.h"
 #include "DDatabase.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
@@ -88,6 +90,8 @@ DCharacter* CharacterCommand::LoadCharacter(const QString& path, QString& error)
     DHandBook::UpdateWithRace(character);
     // Files saved before the unarmed strike was kept get it now; it is refreshed otherwise.
     DHandBook::SetupUnarmedAttack(character);
+    // Companions are kept as their races: their creatures are built for the master as read.
+    DCompanionRules::UpdateAnimals(character);
     return character;
 }
 
@@ -118,7 +122,10 @@ QString CharacterCommand::Help() const {
                "  hoard character set-god FILE.chr GOD [--json]\n"
                "  hoard character add-domain FILE.chr DOMAIN [--json]\n"
                "  hoard character set-school FILE.chr SCHOOL --prohibit A[,B] [--json]\n"
-               "  hoard character add-language FILE.chr LANGUAGE [--json]\n\n"
+               "  hoard character add-language FILE.chr LANGUAGE [--json]\n"
+               "  hoard character add-companion FILE.chr familiar|companion|mount RACE "
+               "[--json]\n"
+               "  hoard character remove-companion FILE.chr [RACE] [--json]\n\n"
                "new       makes a character of the named race (a race file's name, as `hoard race "
                "list`\n"
                "          shows; Human when none is given) with N levels of each CLASS in the "
@@ -172,7 +179,7 @@ QString CharacterCommand::Help() const {
                "          learns a bonus language of the race, one per point of Intelligence "
                "modifier.\n"
                "Classes are named as in the rules database, in any case.\n") +
-           CharacterItems::HelpText();
+           CharacterItems::HelpText() + CharacterCompanions::HelpText();
 }
 
 int CharacterCommand::Run(CliContext& context, QStringList args) {
@@ -220,6 +227,10 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return CharacterItems::RunUnequip(context, args);
     if (sub == "remove-item")
         return CharacterItems::RunRemoveItem(context, args);
+    if (sub == "add-companion")
+        return CharacterCompanions::RunAddCompanion(context, args);
+    if (sub == "remove-companion")
+        return CharacterCompanions::RunRemoveCompanion(context, args);
     return CliContext::Fail(
         QStringLiteral("unknown character command '%1' (try: new, show, level-up, add-item)")
             .arg(sub));
@@ -550,6 +561,7 @@ QJsonObject CharacterCommand::Describe(const DCharacter& character) {
     CharacterFeatures::Describe(character, description);
     CharacterItems::Describe(character, description);
     CharacterGods::Describe(character, description);
+    CharacterCompanions::Describe(character, description);
     return description;
 }
 
@@ -596,5 +608,6 @@ void CharacterCommand::PrintCharacter(const DCharacter& character, const QString
     CharacterGods::Print(description);
     CharacterSpells::Print(description);
     CharacterItems::Print(description);
+    CharacterCompanions::Print(description);
     CliContext::PrintLine(QStringLiteral("File:       %1").arg(file));
 }

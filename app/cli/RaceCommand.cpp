@@ -6,11 +6,13 @@
 #include "DChosenLanguage.h"
 #include "DChosenSpeed.h"
 #include "DDatabase.h"
+#include "DFamiliarBonus.h"
 #include "DFileObject.h"
 #include "DObjectManager.h"
 #include "DRace.h"
 #include "DRaceAdvance.h"
 #include "DSpecialAttack.h"
+#include "DTargetData.h"
 #include "ResultSet.h"
 #include "Statement.h"
 
@@ -233,6 +235,19 @@ QJsonObject raceJson(const DRace& race, const DFileObject& entry, RowNames& name
     out["weapon_proficiencies"] = weapons;
     out["gods"] = gods;
     out["flags"] = flags;
+    // What it gives a master as a familiar: a skill by its name, else the bonus type's row.
+    constexpr int kSkillBonus = 10;
+    QJsonArray familiarBonuses;
+    for (const DFamiliarBonus* bonus : race.GetFamiliarBonusArray()) {
+        const auto* target = FCDynamicCast<DTargetData>(bonus->GetTargetData());
+        const QString what = bonus->GetBonusType() == kSkillBonus && target
+                                 ? names.ByGuid("[info Skill]", target->GetTargetGuid())
+                                 : names.ById("[types Familiar Bonus]", bonus->GetBonusType());
+        familiarBonuses.append(QStringLiteral("%1 %2").arg(what).arg(
+            bonus->GetBonus() < 0 ? QString::number(bonus->GetBonus())
+                                  : QStringLiteral("+%1").arg(bonus->GetBonus())));
+    }
+    out["familiar_bonus"] = familiarBonuses;
     out["skills"] = race.GetSkillSet().GetCount();
     out["feats"] = race.GetFeatSet().GetCount();
     return out;
@@ -344,6 +359,8 @@ void printRace(const QJsonObject& r) {
     line("Weapon proficiencies", listText(r["weapon_proficiencies"].toArray()));
     line("Gods", listText(r["gods"].toArray()));
     line("Flags", listText(r["flags"].toArray()));
+    if (!r["familiar_bonus"].toArray().isEmpty())
+        line("Familiar bonus", listText(r["familiar_bonus"].toArray()));
     line("Skills / feats",
          QStringLiteral("%1 / %2").arg(r["skills"].toInt()).arg(r["feats"].toInt()));
     const QJsonArray features = r["features"].toArray();

@@ -3,12 +3,11 @@
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "DFileObject.h"
-#include "DItemType.h"
-#include "DMagicItemInfo.h"
 #include "DRace.h"
 #include "DTreasure.h"
 #include "DTreasureGenerator.h"
 #include "FCReleaser.h"
+#include "TreasureJson.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -21,59 +20,10 @@ namespace {
 constexpr int kMaxCount = 1000;
 constexpr int kMaxLevel = 30;
 
-QString kindOf(const DItem& item) {
-    switch (item.GetItemType()) {
-    case kItemGem:
-        return QStringLiteral("gem");
-    case kItemArtObject:
-        return QStringLiteral("art");
-    case kItemPotion:
-        return QStringLiteral("potion");
-    case kItemRing:
-        return QStringLiteral("ring");
-    case kItemRod:
-        return QStringLiteral("rod");
-    case kItemScroll:
-        return QStringLiteral("scroll");
-    case kItemStaff:
-        return QStringLiteral("staff");
-    case kItemWand:
-        return QStringLiteral("wand");
-    case kItemWondrous:
-        return QStringLiteral("wondrous");
-    case kItemCustomMagic:
-        return item.GetBaseItemType() == kItemWeapon ? QStringLiteral("weapon")
-                                                     : QStringLiteral("armor");
-    default:
-        return QStringLiteral("mundane");
-    }
-}
-
-QJsonValue classOf(const DItem& item) {
-    const auto* magic = FCDynamicCast<DMagicItemInfo>(item.GetItemInfo());
-    static const char* const kClasses[] = {"minor", "medium", "major"};
-    const int quality = magic ? magic->GetQualityType() : 0;
-    return quality >= 1 && quality <= 3 ? QJsonValue(QLatin1String(kClasses[quality - 1]))
-                                        : QJsonValue();
-}
-
-double gold(const DCurrency& money) {
-    return double(money.GetCopperCost()) / 100.0;
-}
-
 QJsonObject describe(const DTreasure& treasure, int level) {
     QJsonArray items;
-    for (const DItem* item : treasure.GetItemArray()) {
-        DCurrency value;
-        item->GetMarketCost(value);
-        items.append(QJsonObject{{"name", item->GetItemPrintDescription(true)},
-                                 {"kind", kindOf(*item)},
-                                 {"class", classOf(*item)},
-                                 {"count", item->GetCount()},
-                                 {"value_gp", gold(value)},
-                                 {"intelligent", item->GetIsIntelligentItem()},
-                                 {"cursed", item->GetIsCursedItem()}});
-    }
+    for (const DItem* item : treasure.GetItemArray())
+        items.append(TreasureJson::Item(*item));
     const DCurrency& coins = treasure.GetCurrency();
     DCurrency total;
     treasure.GetTotalCost(total);
@@ -83,7 +33,7 @@ QJsonObject describe(const DTreasure& treasure, int level) {
                                              {"gp", coins.GetAmount(2)},
                                              {"pp", coins.GetAmount(3)}}},
                        {"items", items},
-                       {"total_gp", gold(total)}};
+                       {"total_gp", TreasureJson::Gold(total)}};
 }
 
 void print(const QJsonObject& treasure) {
@@ -98,15 +48,8 @@ void print(const QJsonObject& treasure) {
             QStringLiteral("Treasure, encounter level %1").arg(treasure["el"].toInt()));
     CliContext::PrintLine(QStringLiteral("Coins: %1")
                               .arg(money.isEmpty() ? QStringLiteral("none") : money.join(", ")));
-    for (const QJsonValue value : treasure["items"].toArray()) {
-        const QJsonObject item = value.toObject();
-        CliContext::PrintLine(QStringLiteral("  %1 (%2%3, %4 gp)")
-                                  .arg(item["name"].toString(), item["kind"].toString(),
-                                       item["class"].isNull()
-                                           ? QString()
-                                           : QStringLiteral(", ") + item["class"].toString())
-                                  .arg(item["value_gp"].toDouble()));
-    }
+    for (const QJsonValue value : treasure["items"].toArray())
+        CliContext::PrintLine(QStringLiteral("  ") + TreasureJson::ItemLine(value.toObject()));
     CliContext::PrintLine(QStringLiteral("Total: %1 gp").arg(treasure["total_gp"].toDouble()));
 }
 
@@ -124,8 +67,10 @@ QString TreasureCommand::Help() const {
                "--race    the treasure of a creature by its treasure entries (standard, double,\n"
                "          triple, a share of the coins, a chance) at its challenge rating.\n"
                "K runs up to %2 (a JSON array then); -o saves the first to a treasure file.\n"
-               "Magic items come as armor, shields and weapons with their bonus, potions, rings,\n"
-               "rods, staffs and wondrous items; scrolls and wands are not drawn yet.\n"
+               "Magic items come as armor, shields and weapons with their bonus, special "
+               "abilities\n"
+               "or as specific items, potions, rings, rods, scrolls, staffs, wands and wondrous\n"
+               "items; see also 'hoard magic-item'.\n"
                "The global --seed repeats a run.\n")
         .arg(kMaxLevel)
         .arg(kMaxCount);

@@ -9,6 +9,7 @@
 #include "GenerateCommand.h"
 #include "GodsCommand.h"
 #include "ItemsCommand.h"
+#include "MagicItemCommand.h"
 #include "MonsterCommand.h"
 #include "ObjectsCommand.h"
 #include "RaceCommand.h"
@@ -42,6 +43,7 @@ std::vector<std::unique_ptr<CliCommand>> makeCommands() {
     commands.push_back(std::make_unique<MonsterCommand>());
     commands.push_back(std::make_unique<GenerateCommand>());
     commands.push_back(std::make_unique<TreasureCommand>());
+    commands.push_back(std::make_unique<MagicItemCommand>());
     commands.push_back(std::make_unique<ObjectsCommand>());
     commands.push_back(std::make_unique<RollCommand>());
     commands.push_back(std::make_unique<TableCommand>());

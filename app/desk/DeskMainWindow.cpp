@@ -8,6 +8,7 @@
 #include "CharacterSpellRows.h"
 #include "DeskPrinting.h"
 #include "NewCharacterDialog.h"
+#include "TreasureDialog.h"
 
 #include "D_UICharRollDialog.h"
 #include "D_UIMonsterAdvanceDialog.h"
@@ -22,6 +23,7 @@
 #include "DObjectManager.h"
 #include "DRace.h"
 #include "DSizeInfo.h"
+#include "DTreasure.h"
 #include "DiceGenFrame.h"
 #include "FCFileManager.h"
 #include "FCString.h"
@@ -432,6 +434,21 @@ QWidget* DeskMainWindow::OpenTables(const QString& rollName) {
         tables = new TableGenFrame(this);
         tables->setWindowFlag(Qt::Window);
         tables->setAttribute(Qt::WA_DeleteOnClose);
+        connect(tables, &TableGenFrame::creatureBuilt, this,
+                [this](DCharacter* character, const QString& title) {
+                    character->Retain();
+                    SetCurrentCharacter(character, QString());
+                    setWindowTitle(
+                        tr("Hoard - %1 (%2)").arg(QString(character->GetCharacterName()), title));
+                    raise();
+                    activateWindow();
+                });
+        connect(tables, &TableGenFrame::treasureBuilt, this,
+                [this](DTreasure* treasure, const QString& title) {
+                    auto* dialog = new TreasureDialog(treasure, title, this);
+                    dialog->setAttribute(Qt::WA_DeleteOnClose);
+                    dialog->show();
+                });
     }
     if (!rollName.isEmpty() && tables->SelectTable(rollName))
         tables->Generate();

@@ -2,6 +2,7 @@
 
 #include "DOptions.h"
 #include "FCRandom.h"
+#include "TableGenFrame.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -59,7 +60,8 @@ int main(int argc, char* argv[]) {
                                         "MS");
     const QCommandLineOption grabOption("screenshot", "Save a picture of the window to FILE.",
                                         "FILE");
-    const QCommandLineOption statBlockOption("stat-block", "Show the stat block tab.");
+    const QCommandLineOption statBlockOption(
+        "stat-block", "Show the stat block tab (of the table window with --tables).");
     const QCommandLineOption previewOption(
         "print-preview", "Open the print preview with the style sheet STYLE.", "STYLE");
     const QCommandLineOption tablesOption("tables", "Open the table window and roll NAME once.",
@@ -82,6 +84,8 @@ int main(int argc, char* argv[]) {
         window.ShowStatBlockTab();
     QWidget* tables =
         parser.isSet(tablesOption) ? window.OpenTables(parser.value(tablesOption)) : nullptr;
+    if (auto* frame = qobject_cast<TableGenFrame*>(tables); frame && parser.isSet(statBlockOption))
+        frame->ShowStatBlockTab();
     if (parser.isSet(quitOption)) {
         const QString screenshot = parser.value(grabOption);
         QTimer::singleShot(

@@ -5,6 +5,7 @@
 #include "DCharStatType.h"
 #include "DCharacter.h"
 #include "DCharacterClass.h"
+#include "DChosenAnimal.h"
 #include "DChosenFeat.h"
 #include "DChosenFeature.h"
 #include "DChosenItem.h"
@@ -12,6 +13,7 @@
 #include "DChosenSkill.h"
 #include "DChosenSpeed.h"
 #include "DClassInfo.h"
+#include "DCompanionRules.h"
 #include "DDatabase.h"
 #include "DHandBook.h"
 #include "DOptions.h"
@@ -647,6 +649,24 @@ private:
     bool mMonster;
 };
 
+// Each companion that has its creature, in slot order, as a short character body.
+void WriteCompanions(DXmlStream& xml, DCharacter* character) {
+    bool opened = false;
+    for (int type = 0; type < DCharacter::kAnimalCount; ++type) {
+        DCharacter* creature = DCompanionRules::GetAnimal(character->GetAnimal(type));
+        if (!creature)
+            continue;
+        if (!opened)
+            xml.Open("animals");
+        opened = true;
+        xml.Open("animal");
+        CharacterWriter(xml, creature, false).WriteBody();
+        xml.Close("animal");
+    }
+    if (opened)
+        xml.Close("animals");
+}
+
 void WriteRoot(DCharacter* character, QTextStream& out, const QString& styleSheet, int number,
                bool omitDeclaration, bool monster) {
     DXmlStream xml(out);
@@ -658,7 +678,8 @@ void WriteRoot(DCharacter* character, QTextStream& out, const QString& styleShee
     if (number != 0)
         xml.Number("number", number);
     CharacterWriter(xml, character, full).WriteBody();
-    // Companions (`animals`) follow once a chosen animal carries its own character.
+    if (!monster)
+        WriteCompanions(xml, character);
     xml.Close(root);
     out.flush();
 }

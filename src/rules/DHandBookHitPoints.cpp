@@ -4,6 +4,7 @@
 #include "DCharHistory.h"
 #include "DCharacter.h"
 #include "DClassInfo.h"
+#include "DCompanionRules.h"
 #include "DDatabase.h"
 #include "DDieRoller.h"
 #include "DRace.h"
@@ -167,8 +168,8 @@ void DHandBook::SetCharacterHitPoints(DCharacter* character, int value, bool not
         return;
     character->SetCharacterStat(kStatHitPoints, value);
     character->AddChangeFlag(kChangeHitPoints);
-    // Companions that follow their master's hit points (UpdateAnimals) come with the companion
-    // work.
+    // A familiar has half its master's hit points, whatever moved them.
+    DCompanionRules::UpdateAnimalHitPoints(character);
     if (notify)
         character->HandleHasChanged();
 }

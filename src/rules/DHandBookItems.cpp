@@ -87,15 +87,33 @@ void WandCost(const DWandInfo* wand, DCoinData* out) {
     out->SetCoinCount(cost);
 }
 
+// Coins of one type in copper; coin types run copper 0 to platinum 3, each worth ten of the last.
+qint64 InCopper(const DCoinData& coins) {
+    qint64 value = coins.GetCoinCount();
+    for (int type = kCoinCopper; type < coins.GetCoinType(); ++type)
+        value *= 10;
+    return value;
+}
+
+// A copper amount in the largest of gold, silver and copper that holds it whole.
+void SetFromCopper(qint64 copper, DCoinData* out) {
+    int type = kCoinCopper;
+    while (type < kCoinGold && copper % 10 == 0 && copper != 0) {
+        copper /= 10;
+        ++type;
+    }
+    out->SetCoinCount(int(copper));
+    out->SetCoinType(copper == 0 ? kCoinGold : type);
+}
+
 void ScrollCost(const DScrollInfo* scroll, DCoinData* out) {
-    int total = 0;
+    qint64 copper = 0;
     for (FCObject* object : scroll->GetSpellArray()) {
         DCoinData spellCost;
         DHandBook::ComputeSpellCost(FCDynamicCast<DSpell>(object), &spellCost);
-        total += spellCost.GetCoinCount();
-        out->SetCoinType(spellCost.GetCoinType());
+        copper += InCopper(spellCost);
     }
-    out->SetCoinCount(total);
+    SetFromCopper(copper, out);
 }
 
 } // namespace
@@ -186,8 +204,14 @@ void DHandBook::ComputeMagicSpellItemCost(int itemType, int spellLevel, int cast
     if (!out)
         return;
     const int base = casterLevel * SpellItemFactor(itemType);
+    // A 0-level spell counts as half a level: an odd half is paid in silver (12 gp 5 sp).
+    if (spellLevel == 0 && base % 2 != 0) {
+        out->SetCoinCount(base * 5);
+        out->SetCoinType(kCoinSilver);
+        return;
+    }
     out->SetCoinCount(spellLevel == 0 ? base / 2 : base * spellLevel);
-    out->SetCoinType(2);
+    out->SetCoinType(kCoinGold);
 }
 
 void DHandBook::ComputeSpellCost(DSpell* spell, DCoinData* out) {
@@ -196,7 +220,7 @@ void DHandBook::ComputeSpellCost(DSpell* spell, DCoinData* out) {
     ComputeMagicSpellItemCost(kItemScroll, spell->GetSpellLevel(), spell->GetCasterLevel(), out);
     const int material = SpellMaterialCost(spell->GetSpellGuid());
     if (material > 0)
-        out->SetCoinCount(out->GetCoinCount() + material);
+        SetFromCopper(InCopper(*out) + InCopper(DCoinData(material, kCoinGold)), out);
 }
 
 void DHandBook::ComputeMagicItemCost(DMagicItemInfo* item, DCoinData* out) {

@@ -10,6 +10,7 @@
 #include "DChosenLanguage.h"
 #include "DChosenSkill.h"
 #include "DClassInfo.h"
+#include "DCompanionRules.h"
 #include "DDatabase.h"
 #include "DFileObject.h"
 #include "DOffenseGroup.h"
@@ -27,10 +28,6 @@ namespace {
 // ComputeAndSetSpellData is DHandBook's own (DHandBookSpells.cpp): the passes call it directly.
 
 // AddAutoFeatures is DHandBook's own (DHandBookFeatures.cpp): the passes call it directly.
-
-void UpdateAnimals(DCharacter*) {
-    // Companions that follow their master's level (UpdateAnimals) come with the companion work.
-}
 
 // Binds the race of `raceFile`; false (and the character untouched) if it cannot be read.
 bool BindRace(DCharacter* character, DFileObject* raceFile) {
@@ -256,7 +253,7 @@ void DHandBook::RecomputeAfterLevels(DCharacter* character, bool isNew) {
     ComputeAndSetSkillSkillMods(character, false, QUuid(), QUuid(), 0.0f, 0.0f);
     SetupUnarmedAttack(character);
     if (!isNew)
-        UpdateAnimals(character);
+        DCompanionRules::UpdateAnimals(character);
     character->AddCharacterFlag(kCharFlagSetupEndMask);
 }
 

@@ -13,5 +13,13 @@ struct DTableResult {
     QString extra;    // the row's overrides, as "HD 4" or "Lvl 3; Elf"
     QString problem;  // why the result could not be produced; empty if it could
     QList<int> rolls; // a nested table: the roll of each pass
+    // Where a monster, character or treasure result can be made from: the object file found
+    // (empty if none) and its object type, and the row's overrides of hit dice, level or
+    // encounter level, race (a ready race's base name) and alignment (0: none).
+    QString file;
+    int objectType = -1;
+    int level = 0;
+    QString race;
+    int alignment = 0;
     std::vector<DTableResult> children;
 };

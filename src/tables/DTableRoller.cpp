@@ -154,9 +154,16 @@ DTableResult DTableRoller::Produce(const DTableItem& row, int count, int depth) 
         return result;
     }
     if (row.Generate() != DTableItem::kElementTable) {
-        if (!mCheck(row.GenerateFile()))
+        if (!mCheck(row.GenerateFile())) {
             result.problem =
                 QStringLiteral("no %1 named '%2'").arg(kindWord(row.Generate()), result.name);
+            return result;
+        }
+        result.file = FindObjectFile(row.GenerateFile());
+        result.objectType = row.GenerateFile().GetObjectType();
+        result.level = row.MiscLevel();
+        result.race = row.MiscRace() ? QString(row.MiscRace()->GetBaseFileName()) : QString();
+        result.alignment = row.MiscAlignment();
         return result;
     }
     if (count <= 0)

@@ -1,24 +1,38 @@
 #include "DTreasureGenerator.h"
 
+#include "DAlignmentInfo.h"
+#include "DArmorShieldBaseInfo.h"
 #include "DCoinData.h"
+#include "DCursedItemGenerator.h"
 #include "DCustomMagicItemInfo.h"
 #include "DDatabase.h"
 #include "DDieRoller.h"
 #include "DHandBook.h"
+#include "DIntelligentData.h"
+#include "DIntelligentItemGenerator.h"
 #include "DItemType.h"
 #include "DMagicItemInfo.h"
+#include "DPotionInfo.h"
 #include "DRace.h"
-#include "DRulesQuery.h"
-#include "DSimpleItemInfo.h"
+#include "DScrollInfo.h"
+#include "DSpell.h"
+#include "DStaffInfo.h"
+#include "DTargetData.h"
 #include "DTreasure.h"
+#include "DTreasureTables.h"
+#include "DWandInfo.h"
+#include "DWeaponInfo.h"
 #include "FCRandom.h"
 #include "FCReleaser.h"
 #include "ResultSet.h"
 
 #include <algorithm>
-#include <functional>
+
+std::unique_ptr<DTreasureTables> DTreasureGenerator::mTables;
 
 namespace {
+
+using Row = DTreasureTables::Row;
 
 constexpr int kTableCoins = 42;
 constexpr int kTableTreasureGoods = 43;
@@ -29,19 +43,52 @@ constexpr int kTableGems = 47;
 constexpr int kTableArtInfo = 48;
 constexpr int kTableArt = 49;
 constexpr int kTableMundane = 50;
+constexpr int kTableShortbows = 51;
+constexpr int kTableLongbows = 52;
 constexpr int kTableMagicKind = 53;
 constexpr int kTableArmorShieldBonus = 54;
 constexpr int kTableArmorType = 55;
 constexpr int kTableShieldType = 56;
+constexpr int kTableArmorAbilityRolls = 57;
+constexpr int kTableShieldAbilityRolls = 58;
+constexpr int kTableSpecificArmors = 59;
+constexpr int kTableSpecificShields = 60;
+constexpr int kTableArmorAbilities = 61;
 constexpr int kTableWeaponBonus = 62;
 constexpr int kTableWeaponType = 63;
+constexpr int kTableCommonMelee = 64;
+constexpr int kTableUncommon = 65;
+constexpr int kTableCommonRanged = 66;
+constexpr int kTableAmmunition = 67;
+constexpr int kTableMeleeAbilityRolls = 68;
+constexpr int kTableRangedAbilityRolls = 69;
+constexpr int kTableSpecificWeapons = 70;
+constexpr int kTableWeaponAbilities = 71;
+constexpr int kTableDesignatedFoe = 72;
 constexpr int kTablePotions = 74;
 constexpr int kTableRings = 76;
 constexpr int kTableRods = 78;
+constexpr int kTableScrollTypes = 79;
+constexpr int kTableScrollSpellCount = 80;
+constexpr int kTableScrollSpellLevel = 81;
+constexpr int kTableArcaneScrolls = 82;
+constexpr int kTableDivineScrolls = 83;
 constexpr int kTableStaffs = 85;
+constexpr int kTableWands = 86;
 constexpr int kTableWondrous[] = {89, 90, 91};
 constexpr int kMaxLevel = 20;
 constexpr int kMaxExtraLevel = 30;
+// An item's enhancement bonus and the bonus value of its abilities stay within this total.
+constexpr int kMaxTotalBonus = 10;
+constexpr int kMaxAbilityRounds = 200;
+// Charges of a freshly found staff or wand run from 1 to 50.
+constexpr int kMaxCharges = 50;
+constexpr int kCasterArcane = 1;
+
+// Weapons that name a foe when they are made (the two slaying arrows).
+constexpr QUuid kFoeWeapons[] = {
+    QUuid(0xCCE80EED, 0xCB40, 0x425D, 0xB4, 0x76, 0x56, 0x9A, 0xCE, 0xE1, 0x61, 0xA8),
+    QUuid(0xCCF148B2, 0x0866, 0x48D5, 0xAB, 0xE4, 0xFC, 0x75, 0xD0, 0xB6, 0x6A, 0xC6)};
 
 // Creature treasure entries.
 enum {
@@ -52,28 +99,41 @@ enum {
     kEntryTriple = 6
 };
 
-QByteArray Table(int table) {
-    return DRulesQuery::Table(table);
-}
-
 int Percentile() {
     return DDieRoller::RollDie(100);
 }
 
-// The first row of `table` whose Min and Max hold a new percentile roll, with `where` added.
-bool RollRow(int table, const QString& where, const std::function<void(odbc::ResultSet*)>& read,
-             const QString& prefix = QString()) {
-    const int roll = Percentile();
-    QString sql = QString::asprintf("SELECT * FROM %s WHERE ", Table(table).constData());
-    if (!where.isEmpty())
-        sql += where + QStringLiteral(" AND ");
-    sql += QStringLiteral("(%1Min<=%2) AND (%1Max>=%2)").arg(prefix).arg(roll);
-    return DDatabase::FirstRow(sql, read);
+DTreasureTables& Tables() {
+    return DTreasureGenerator::Tables();
 }
 
-int RollDice(odbc::ResultSet* row) {
-    const int count = row->getInt("DieCount");
-    return count > 0 ? DDieRoller::RollDiceSum(row->getInt("DieType"), unsigned(count)) : 0;
+// The row a new percentile roll selects in a plain Min/Max table.
+std::optional<Row> Roll(int table) {
+    return Tables().Find(table, Percentile());
+}
+
+// The same in a table with one range per class of treasure.
+std::optional<Row> RollByClass(int table, int treasureType) {
+    return Tables().Find(
+        table, Percentile(),
+        DTreasureGenerator::GetMinorMediumMajorPrefix(treasureType).toLatin1().constData());
+}
+
+// The same among the rows of one encounter level.
+std::optional<Row> RollAtLevel(int table, int level) {
+    return Tables().Find(table, Percentile(), "", "Level", level);
+}
+
+int RollDice(const Row& row) {
+    const int count = row.Int("DieCount");
+    return count > 0 ? DDieRoller::RollDiceSum(row.Int("DieType"), unsigned(count)) : 0;
+}
+
+DItem* NewItem(DItemInfo* info, const DCoinData& price) {
+    auto* item = new DItem;
+    item->SetItemInfo(info);
+    item->SetMarketCost(price.GetCoinCount(), price.GetCoinType());
+    return item;
 }
 
 // A treasure item at the list price of its row, `count` of them.
@@ -90,113 +150,401 @@ void AddListedItem(DTreasure* treasure, DItemInfo* info, int count, bool masterw
     treasure->AddItem(item.get());
 }
 
-void AddPricedItem(DTreasure* treasure, DItemInfo* info, const DCoinData& price) {
-    FCRef<DItem> item(new DItem);
-    item->SetItemInfo(info);
-    item->SetMarketCost(price.GetCoinCount(), price.GetCoinType());
-    treasure->AddItem(item.get());
-}
-
 // The GUID in `column` of a roll on a plain Min/Max table; null without a row.
 QUuid RollGuid(int table, const char* column, bool* masterwork = nullptr) {
-    QUuid guid;
-    RollRow(table, QString(), [&](odbc::ResultSet* row) {
-        guid = row->getGUID(column);
-        if (masterwork)
-            *masterwork = row->getBoolean("IsMasterwork");
-    });
-    return guid;
+    const auto row = Roll(table);
+    if (!row)
+        return QUuid();
+    if (masterwork)
+        *masterwork = row->Bool("IsMasterwork");
+    return row->Guid(column);
 }
 
-void PickMundaneWeapon(DTreasure* treasure, int type) {
-    bool masterwork = false;
-    QUuid guid;
+// A mundane weapon of the mundane types 5 to 9 (bows, common melee, uncommon, ranged).
+QUuid PickMundaneWeapon(int type, bool& masterwork) {
     switch (type) {
     case 5:
-        guid = RollGuid(51, "ItemId", &masterwork);
-        break;
+        return RollGuid(kTableShortbows, "ItemId", &masterwork);
     case 6:
-        guid = RollGuid(52, "ItemId", &masterwork);
-        break;
+        return RollGuid(kTableLongbows, "ItemId", &masterwork);
     case 7:
-        guid = RollGuid(64, "ItemId", &masterwork);
-        break;
+        return RollGuid(kTableCommonMelee, "ItemId", &masterwork);
     case 8:
-        guid = RollGuid(65, "ItemId", &masterwork);
-        break;
+        return RollGuid(kTableUncommon, "ItemId", &masterwork);
     case 9: {
-        bool ammunition = false;
-        RollRow(66, QString(), [&](odbc::ResultSet* row) {
-            guid = row->getGUID("ItemId");
-            masterwork = row->getBoolean("IsMasterwork");
-            ammunition = row->getBoolean("PickAmmunition");
-        });
-        if (ammunition)
-            guid = RollGuid(67, "ItemId", &masterwork);
-        break;
+        const auto row = Roll(kTableCommonRanged);
+        if (!row)
+            return QUuid();
+        if (row->Bool("PickAmmunition"))
+            return RollGuid(kTableAmmunition, "ItemId", &masterwork);
+        masterwork = row->Bool("IsMasterwork");
+        return row->Guid("ItemId");
     }
     default:
-        return;
+        return QUuid();
     }
-    if (auto* info = static_cast<DItemInfo*>(DDatabase::GetWeaponInfo(guid)))
-        AddListedItem(treasure, info, 1, masterwork);
 }
 
-// A magic weapon, armor or shield: the bonus row of the class, then a random base item.
-void PickMagicArms(DTreasure* treasure, int treasureType, bool weapon) {
-    const QString prefix = DTreasureGenerator::GetMinorMediumMajorPrefix(treasureType);
-    int itemType = 0, bonus = 0;
-    RollRow(
-        weapon ? kTableWeaponBonus : kTableArmorShieldBonus, QString(),
-        [&](odbc::ResultSet* row) {
-            itemType = row->getInt("ItemType");
-            bonus = row->getInt("Bonus");
-        },
-        prefix);
-    if (bonus <= 0)
-        return;
-    QUuid base;
-    int baseType = kItemWeapon;
-    if (weapon) {
-        int kind = 0;
-        RollRow(kTableWeaponType, QString(),
-                [&kind](odbc::ResultSet* row) { kind = row->getInt("ItemType"); });
-        bool masterwork = false;
-        base = kind == 7   ? RollGuid(64, "ItemId", &masterwork)
-               : kind == 8 ? RollGuid(65, "ItemId", &masterwork)
-                           : RollGuid(66, "ItemId", &masterwork);
-    } else {
-        baseType = itemType == 2 ? kItemShield : kItemArmor;
-        base = RollGuid(baseType == kItemShield ? kTableShieldType : kTableArmorType, "ItemId");
+// A designated foe: a creature type, narrowed to an alignment for outsiders; null without a row.
+DTargetData* PickTargetFoe() {
+    const auto row = Roll(kTableDesignatedFoe);
+    if (!row)
+        return nullptr;
+    auto* target = new DTargetData;
+    target->SetTargetGuid(row->Guid("Id"));
+    QString text = row->String("Name");
+    const int alignment = row->Int("AlignId");
+    if (alignment > 0) {
+        target->SetTargetSubLong(alignment);
+        if (const DAlignmentInfo* info = DDatabase::GetAlignmentInfo(alignment))
+            text += QStringLiteral(" (%1)").arg(QString(info->GetAlignmentName()));
     }
-    FCRef<DItemInfo> info(base.isNull() ? nullptr : DHandBook::BuildItemInfo(baseType, base));
-    if (!info)
-        return;
-    FCRef<DCustomMagicItemInfo> custom(new DCustomMagicItemInfo);
-    custom->SetBaseItemInfo(info.get());
-    custom->SetBonus(bonus);
-    custom->SetCustomFlags(0x1);
-    custom->SetMagicType(weapon ? 9 : baseType == kItemShield ? 11 : 10);
-    custom->SetQualityType(treasureType - DTreasureGenerator::kTreasureMundane);
+    target->SetTargetString(FCString(text));
+    return target;
+}
+
+bool IsRanged(const DItemInfo* base) {
+    const auto* weapon = FCDynamicCast<DWeaponInfo>(base);
+    return weapon && weapon->GetRangeIncrement() > 0;
+}
+
+// Whether a weapon may take the ability: the damage type it needs, and no opposite ability
+// (holy and unholy, axiomatic and anarchic) already on it.
+bool IsWeaponAbilityLegal(const Row& ability, const DCustomMagicItemInfo* item) {
+    const auto* weapon = FCDynamicCast<DWeaponInfo>(item->GetBaseItemInfo());
+    const int damage = ability.Int("WeaponType");
+    if (damage > 0 && weapon && (damage & weapon->GetDamageType()) == 0)
+        return false;
+    const int category = ability.Int("Category");
+    if (category <= 0)
+        return true;
+    for (int i = 0; i < item->GetSpecialAbilityCount(); ++i) {
+        const auto other =
+            Tables().FindBy(kTableWeaponAbilities, "Id", item->GetSpecialAbility(i)->GetType());
+        if (other && other->Int("OppositeCategory") == category)
+            return false;
+    }
+    return true;
+}
+
+// One round of special ability rolls; true if the budget of bonuses is spent.
+bool AddOneSpecialAbility(int treasureType, DCustomMagicItemInfo* item, int& count) {
+    const int baseType = item->GetBaseItemInfo() ? item->GetBaseItemInfo()->GetItemType() : -1;
+    const bool weapon = baseType == kItemWeapon;
+    const int rollTable = weapon ? (IsRanged(item->GetBaseItemInfo()) ? kTableRangedAbilityRolls
+                                                                      : kTableMeleeAbilityRolls)
+                          : baseType == kItemShield ? kTableShieldAbilityRolls
+                                                    : kTableArmorAbilityRolls;
+    const int valueTable = weapon ? kTableWeaponAbilities : kTableArmorAbilities;
+    const auto roll = RollByClass(rollTable, treasureType);
+    if (!roll)
+        return false;
+    const int type = roll->Int("Type");
+    const auto ability = Tables().FindBy(valueTable, "Id", type);
+    if (!ability)
+        return false;
+    // "Roll twice more": this roll gives no ability of its own.
+    if (roll->Int("Special") == 2)
+        count += 2;
+    if (type <= 0)
+        return false;
+    const int bonus = ability->Int("Bonus");
+    const int category = ability->Int("Category");
+    // Weapons rank an ability by its bonus: a burst outranks the plain energy of its category.
+    const int rank = weapon ? bonus : ability->Int("Rank");
+    const int total = item->GetBonus() + item->GetSpecialAbilityBonus() + bonus;
+    if (weapon && !IsWeaponAbilityLegal(*ability, item)) {
+        ++count;
+        return total > kMaxTotalBonus - 1;
+    }
+    DMagicSpecialAbility* same =
+        category > 0 ? item->FindSpecialAbilityByCategory(category) : nullptr;
+    if (category <= 0 && item->HasSpecialAbility(type)) {
+        ++count; // the same ability twice: roll again
+    } else if (same) {
+        // A stronger ability of the category takes the place of the weaker one.
+        if (same->GetRank() < rank &&
+            item->GetBonus() - same->GetBonus() + item->GetSpecialAbilityBonus() + bonus <=
+                kMaxTotalBonus) {
+            item->RemoveSpecialAbility(same->GetType());
+            item->AddSpecialAbility(type, category, rank, bonus);
+        }
+    } else if (total <= kMaxTotalBonus) {
+        DMagicSpecialAbility* added = item->AddSpecialAbility(type, category, rank, bonus);
+        if (weapon && type == 1) {
+            FCRef<DTargetData> foe(PickTargetFoe());
+            added->SetTargetData(foe.get());
+        }
+    }
+    return total > kMaxTotalBonus - 1;
+}
+
+// The flat prices of abilities priced in coins rather than as a bonus (glamered, slick...).
+int AbilityCoinPrice(const DCustomMagicItemInfo* item) {
+    const int baseType = item->GetBaseItemInfo() ? item->GetBaseItemInfo()->GetItemType() : -1;
+    const int table = baseType == kItemWeapon ? kTableWeaponAbilities : kTableArmorAbilities;
+    int coins = 0;
+    for (int i = 0; i < item->GetSpecialAbilityCount(); ++i) {
+        const auto row = Tables().FindBy(table, "Id", item->GetSpecialAbility(i)->GetType());
+        if (row && row->Int("Bonus") <= 0)
+            coins += row->Int("CoinCount");
+    }
+    return coins;
+}
+
+DItem* CreateCustomMagicTreasureItem(DCustomMagicItemInfo* custom) {
     DCoinData price;
-    DHandBook::ComputeCustomMagicItemCost(custom.get(), -1, &price);
-    AddPricedItem(treasure, custom.get(), price);
+    DHandBook::ComputeCustomMagicItemCost(custom, -1, &price);
+    price.SetCoinCount(price.GetCoinCount() + AbilityCoinPrice(custom));
+    return NewItem(custom, price);
 }
 
-// A magic item named by a row of a kind table and priced by its own row.
-void PickNamedMagicItem(DTreasure* treasure, int treasureType, int itemType, int table,
-                        const char* column, const QString& prefix) {
+// A custom magic weapon, armor or shield over `base`. Random magic arms are masterwork; a
+// specific item is priced in full by its own row.
+DItem* CreateCustomMagicItem(DItemInfo* base, int treasureType, int magicType, int bonus,
+                             bool specific, int abilities) {
+    if (!base)
+        return nullptr;
+    FCRef<DCustomMagicItemInfo> custom(new DCustomMagicItemInfo);
+    custom->SetBaseItemInfo(base);
+    custom->SetCustomFlags(specific ? quint32(DCustomMagicItemInfo::kCustomFlagSpecific) : 0x1u);
+    custom->SetMagicType(magicType);
+    custom->SetSubType(DMagicItemInfo::kDefaultSubType);
+    custom->SetQualityType(DTreasureGenerator::GetMagicQuality(treasureType));
+    custom->SetBonus(bonus);
+    const auto* weapon = FCDynamicCast<DWeaponInfo>(base);
+    // A double weapon's second head is as good, or one worse, even odds.
+    if (weapon && weapon->GetUseType() == 3)
+        custom->SetSecondBonus(Percentile() <= 50 ? bonus : bonus - 1);
+    if (abilities > 0 && bonus > 0)
+        DTreasureGenerator::AddSpecialAbilitiesFromTable(treasureType, custom.get(), abilities);
+    if (weapon && std::find(std::begin(kFoeWeapons), std::end(kFoeWeapons), base->GetItemGuid()) !=
+                      std::end(kFoeWeapons)) {
+        FCRef<DTargetData> foe(PickTargetFoe());
+        custom->SetTargetData(foe.get());
+    }
+    return CreateCustomMagicTreasureItem(custom.get());
+}
+
+DItem* PickMagicArmorOrShield(int treasureType, int abilities = 0) {
+    const auto row = RollByClass(kTableArmorShieldBonus, treasureType);
+    if (!row)
+        return nullptr;
+    const int itemType = row->Int("ItemType");
+    if (itemType == 5)
+        return PickMagicArmorOrShield(treasureType, abilities + 1);
+    const bool shield = itemType == 2 || itemType == 4;
     QUuid guid;
-    RollRow(
-        table, QString(), [&](odbc::ResultSet* row) { guid = row->getGUID(column); }, prefix);
+    switch (itemType) {
+    case 1:
+        guid = RollGuid(kTableArmorType, "ItemId");
+        break;
+    case 2:
+        guid = RollGuid(kTableShieldType, "ItemId");
+        break;
+    case 3:
+    case 4:
+        if (const auto specific =
+                RollByClass(shield ? kTableSpecificShields : kTableSpecificArmors, treasureType))
+            guid = specific->Guid("ItemId");
+        break;
+    default:
+        return nullptr;
+    }
+    auto* base = static_cast<DItemInfo*>(shield ? DDatabase::GetShieldInfo(guid)
+                                                : DDatabase::GetArmorInfo(guid));
+    if (!base)
+        return nullptr;
+    const bool specific = itemType >= 3;
+    const int bonus =
+        specific ? static_cast<DArmorShieldBaseInfo*>(base)->GetMagicBonus() : row->Int("Bonus");
+    return CreateCustomMagicItem(base, treasureType,
+                                 shield ? kMagicCustomShield : kMagicCustomArmor, bonus, specific,
+                                 abilities);
+}
+
+DItem* PickMagicWeapon(int treasureType, int abilities = 0) {
+    const auto row = RollByClass(kTableWeaponBonus, treasureType);
+    if (!row)
+        return nullptr;
+    const int itemType = row->Int("ItemType");
+    if (itemType == 3)
+        return PickMagicWeapon(treasureType, abilities + 1);
+    QUuid guid;
+    if (itemType == 1) {
+        const auto kind = Roll(kTableWeaponType);
+        bool masterwork = false;
+        if (kind)
+            guid = PickMundaneWeapon(kind->Int("ItemType"), masterwork);
+    } else if (itemType == 2) {
+        if (const auto specific = RollByClass(kTableSpecificWeapons, treasureType))
+            guid = specific->Guid("ItemId");
+    } else {
+        return nullptr;
+    }
+    auto* base = static_cast<DWeaponInfo*>(DDatabase::GetWeaponInfo(guid));
+    if (!base)
+        return nullptr;
+    const bool specific = itemType == 2;
+    return CreateCustomMagicItem(base, treasureType, kMagicCustomWeapon,
+                                 specific ? base->GetMagicBonus() : row->Int("Bonus"), specific,
+                                 abilities);
+}
+
+// Spell level of a spell item: the row's override, else the spell's level on the caster's
+// list, else 1.
+int SpellLevelOf(const Row& row, const QUuid& spell, const QUuid& casterClass) {
+    const int override = row.Int("OvrLevel");
+    if (override > 0)
+        return override;
+    const int level = Tables().SpellLevel(spell, casterClass);
+    return level >= 0 ? level : 1;
+}
+
+DItem* PickPotion(int treasureType) {
+    const auto row = RollByClass(kTablePotions, treasureType);
+    if (!row)
+        return nullptr;
+    FCRef<DPotionInfo> potion;
+    if (row->Int("PotionType") == 1) {
+        potion.reset(new DPotionInfo);
+        const QUuid spell = row->Guid("SpellId");
+        const QUuid casterClass = row->Guid("CasterClass");
+        potion->SetSpellGuid(spell);
+        potion->SetCasterClassGuid(casterClass);
+        const int level = SpellLevelOf(*row, spell, casterClass);
+        potion->SetSpellLevel(level);
+        const int casterLevel = row->Int("CasterLevel");
+        potion->SetCasterLevel(casterLevel >= 1 ? casterLevel
+                                                : Tables().MinCasterLevel(casterClass, level));
+    } else {
+        potion.reset(static_cast<DPotionInfo*>(
+            DHandBook::BuildItemInfo(kItemPotion, row->Guid("SpecificId"))));
+        if (!potion)
+            return nullptr;
+    }
+    potion->SetMagicType(kMagicPotion);
+    potion->SetQualityType(DTreasureGenerator::GetMagicQuality(treasureType));
+    DCoinData price;
+    DHandBook::ComputeMagicItemCost(potion.get(), &price);
+    return NewItem(potion.get(), price);
+}
+
+// A ring, rod or staff named by its table and priced by its own row (a staff by its charges).
+DItem* PickRingRodStaff(int treasureType, int itemType, int table, const char* column) {
+    const auto row = RollByClass(table, treasureType);
+    const QUuid guid = row ? row->Guid(column) : QUuid();
     FCRef<DItemInfo> info(guid.isNull() ? nullptr : DHandBook::BuildItemInfo(itemType, guid));
     auto* magic = FCDynamicCast<DMagicItemInfo>(info.get());
     if (!magic)
-        return;
-    magic->SetQualityType(treasureType - DTreasureGenerator::kTreasureMundane);
+        return nullptr;
+    if (auto* staff = FCDynamicCast<DStaffInfo>(magic))
+        staff->SetCharges(FC::GetRandom(1, kMaxCharges + 1));
+    magic->SetQualityType(DTreasureGenerator::GetMagicQuality(treasureType));
     DCoinData price;
     DHandBook::ComputeMagicItemCost(magic, &price);
-    AddPricedItem(treasure, magic, price);
+    return NewItem(magic, price);
+}
+
+// One spell of a scroll: a spell of that level from the arcane or divine scroll table, cast at
+// the lowest caster level of the class that the table names.
+DSpell* PickScrollSpell(int casterType, int level) {
+    const auto row =
+        Tables().Find(casterType == kCasterArcane ? kTableArcaneScrolls : kTableDivineScrolls,
+                      Percentile(), "", "Level", level);
+    if (!row)
+        return nullptr;
+    auto* spell = new DSpell;
+    spell->SetSpellGuid(row->Guid("SpellId"));
+    spell->SetSpellLevel(level);
+    spell->SetCasterClassGuid(row->Guid("CasterClass"));
+    spell->SetCasterLevel(Tables().MinCasterLevel(spell->GetCasterClassGuid(), level));
+    return spell;
+}
+
+DItem* PickScroll(int treasureType) {
+    const auto castRow = Roll(kTableScrollTypes);
+    if (!castRow)
+        return nullptr;
+    const int casterType = castRow->Int("CastType");
+    const int quality = DTreasureGenerator::GetMagicQuality(treasureType);
+    const auto countRow = Tables().FindBy(kTableScrollSpellCount, "MagicType", quality);
+    const int count = countRow ? RollDice(*countRow) : 0;
+    if (count <= 0)
+        return nullptr;
+    FCRef<DScrollInfo> scroll(new DScrollInfo);
+    scroll->SetMagicType(kMagicScroll);
+    scroll->SetQualityType(quality);
+    scroll->SetSpellCasterType(casterType);
+    for (int i = 0; i < count; ++i) {
+        const auto levelRow = RollByClass(kTableScrollSpellLevel, treasureType);
+        if (!levelRow)
+            continue;
+        FCRef<DSpell> spell(PickScrollSpell(casterType, levelRow->Int("Level")));
+        scroll->AddSpell(spell.get());
+    }
+    DCoinData price;
+    DHandBook::ComputeMagicItemCost(scroll.get(), &price);
+    return NewItem(scroll.get(), price);
+}
+
+DItem* PickWand(int treasureType) {
+    const auto row = RollByClass(kTableWands, treasureType);
+    if (!row)
+        return nullptr;
+    FCRef<DWandInfo> wand(new DWandInfo);
+    const QUuid spell = row->Guid("SpellId");
+    const QUuid casterClass = row->Guid("CasterClass");
+    const int level = SpellLevelOf(*row, spell, casterClass);
+    const int casterLevel = row->Int("OvrCasterLevel");
+    wand->SetSpellGuid(spell);
+    wand->SetCasterClassGuid(casterClass);
+    wand->SetSpellLevel(level);
+    wand->SetCasterLevel(casterLevel > 0 ? casterLevel
+                                         : Tables().MinCasterLevel(casterClass, level));
+    wand->SetCharges(FC::GetRandom(1, kMaxCharges + 1));
+    wand->SetMagicType(kMagicWand);
+    wand->SetQualityType(DTreasureGenerator::GetMagicQuality(treasureType));
+    DCoinData price;
+    DHandBook::ComputeMagicItemCost(wand.get(), &price);
+    return NewItem(wand.get(), price);
+}
+
+DItem* PickWondrous(int treasureType) {
+    const int quality = DTreasureGenerator::GetMagicQuality(treasureType);
+    const auto row = Roll(kTableWondrous[std::clamp(quality - 1, 0, 2)]);
+    const QUuid guid = row ? row->Guid("Id") : QUuid();
+    FCRef<DItemInfo> info(guid.isNull() ? nullptr : DHandBook::BuildItemInfo(kItemWondrous, guid));
+    auto* magic = FCDynamicCast<DMagicItemInfo>(info.get());
+    if (!magic)
+        return nullptr;
+    magic->SetQualityType(quality);
+    return NewItem(magic, DCoinData(magic->GetCost(), magic->GetCostCoinType()));
+}
+
+DItem* PickMagicItemOfKind(int treasureType, int kind) {
+    switch (kind) {
+    case DTreasureGenerator::kKindArmor:
+        return PickMagicArmorOrShield(treasureType);
+    case DTreasureGenerator::kKindWeapon:
+        return PickMagicWeapon(treasureType);
+    case DTreasureGenerator::kKindPotion:
+        return PickPotion(treasureType);
+    case DTreasureGenerator::kKindRing:
+        return PickRingRodStaff(treasureType, kItemRing, kTableRings, "RingId");
+    case DTreasureGenerator::kKindRod:
+        return PickRingRodStaff(treasureType, kItemRod, kTableRods, "ItemId");
+    case DTreasureGenerator::kKindScroll:
+        return PickScroll(treasureType);
+    case DTreasureGenerator::kKindStaff:
+        return PickRingRodStaff(treasureType, kItemStaff, kTableStaffs, "ItemId");
+    case DTreasureGenerator::kKindWand:
+        return PickWand(treasureType);
+    case DTreasureGenerator::kKindWondrous:
+        return PickWondrous(treasureType);
+    default:
+        return nullptr;
+    }
 }
 
 void GenerateFor(DTreasure* treasure, int level, int extra, int times) {
@@ -209,6 +557,18 @@ void GenerateFor(DTreasure* treasure, int level, int extra, int times) {
 
 } // namespace
 
+DTreasureTables& DTreasureGenerator::Tables() {
+    odbc::Connection* connection = DDatabase::GetConnection();
+    const QString path = DDatabase::GetPath();
+    if (!mTables || !mTables->IsFor(connection, path))
+        mTables = std::make_unique<DTreasureTables>(connection, path);
+    return *mTables;
+}
+
+void DTreasureGenerator::ReleaseTables() {
+    mTables.reset();
+}
+
 QString DTreasureGenerator::GetMinorMediumMajorPrefix(int treasureType) {
     switch (treasureType) {
     case kTreasureMinor:
@@ -219,6 +579,25 @@ QString DTreasureGenerator::GetMinorMediumMajorPrefix(int treasureType) {
         return QStringLiteral("Major");
     default:
         return QString();
+    }
+}
+
+int DTreasureGenerator::GetMagicQuality(int treasureType) {
+    return treasureType >= kTreasureMinor && treasureType <= kTreasureMajor
+               ? treasureType - kTreasureMundane
+               : 0;
+}
+
+int DTreasureGenerator::PickRandomId(int table) {
+    const auto row = Roll(table);
+    return row ? row->Int("Id") : -1;
+}
+
+void DTreasureGenerator::PickRandomIdAndSpecial(int table, int& id, int& special) {
+    id = special = -1;
+    if (const auto row = Roll(table)) {
+        id = row->Int("Id");
+        special = row->Int("Special");
     }
 }
 
@@ -263,69 +642,64 @@ void DTreasureGenerator::GenerateTreasure(DTreasure* treasure, const DRace* race
 }
 
 void DTreasureGenerator::GenerateCoins(DTreasure* treasure, int level, int percent) {
-    int amount = 0, coinType = 2;
-    RollRow(kTableCoins, QStringLiteral("(Level=%1)").arg(level), [&](odbc::ResultSet* row) {
-        const int count = row->getInt("CoinCount");
-        coinType = row->getInt("CoinType");
-        amount = count > 0 ? RollDice(row) * count : 0;
-    });
+    const auto row = RollAtLevel(kTableCoins, level);
+    if (!row)
+        return;
+    const int count = row->Int("CoinCount");
+    int amount = count > 0 ? RollDice(*row) * count : 0;
     if (amount <= 0)
         return;
     if (percent < 100)
         amount = int(amount * percent * 0.01);
-    treasure->AdjustCurrencyAmount(coinType, amount);
+    treasure->AdjustCurrencyAmount(row->Int("CoinType"), amount);
 }
 
 void DTreasureGenerator::GenerateGoods(DTreasure* treasure, int level) {
-    int count = 0, type = 0;
-    RollRow(kTableTreasureGoods, QStringLiteral("(Level=%1)").arg(level),
-            [&](odbc::ResultSet* row) {
-                count = RollDice(row);
-                type = row->getInt("TreasureType");
-            });
-    PickGoods(treasure, count, type);
+    if (const auto row = RollAtLevel(kTableTreasureGoods, level)) {
+        const int count = RollDice(*row);
+        PickGoods(treasure, count, row->Int("TreasureType"));
+    }
 }
 
 void DTreasureGenerator::GenerateItems(DTreasure* treasure, int level) {
-    int count = 0, type = 0;
-    RollRow(kTableItems, QStringLiteral("(Level=%1)").arg(level), [&](odbc::ResultSet* row) {
-        count = RollDice(row);
-        type = row->getInt("TreasureType");
-    });
-    PickItems(treasure, count, type);
+    if (const auto row = RollAtLevel(kTableItems, level)) {
+        const int count = RollDice(*row);
+        PickItems(treasure, count, row->Int("TreasureType"));
+    }
 }
 
 void DTreasureGenerator::GenerateExtraItems(DTreasure* treasure, int level) {
-    int count = 0;
-    DDatabase::FirstRow(QString::asprintf("SELECT * FROM %s WHERE (Level=%d)",
-                                          Table(kTableExtraItems).constData(), level),
-                        [&count](odbc::ResultSet* row) { count = row->getInt("Count"); });
-    PickItems(treasure, count, kTreasureMajor);
+    const auto row = Tables().FindBy(kTableExtraItems, "Level", level);
+    PickItems(treasure, row ? row->Int("Count") : 0, kTreasureMajor);
 }
 
 void DTreasureGenerator::PickGoods(DTreasure* treasure, int count, int treasureType) {
     if (treasureType != kTreasureGems && treasureType != kTreasureArt)
         return;
     const bool gems = treasureType == kTreasureGems;
+    const DTreasureTables::Table& goods = Tables().Get(gems ? kTableGemInfo : kTableArtInfo);
     for (int i = 0; i < count; ++i) {
         int value = 0, coinType = 2, category = -1;
-        RollRow(gems ? kTableGems : kTableArt, QString(), [&](odbc::ResultSet* row) {
-            value = RollDice(row) * row->getInt("CoinCount");
-            coinType = row->getInt("CoinType");
-            category = row->getInt("Category");
-        });
+        if (const auto row = Roll(gems ? kTableGems : kTableArt)) {
+            value = RollDice(*row) * row->Int("CoinCount");
+            coinType = row->Int("CoinType");
+            category = row->Int("Category");
+        }
         // Each good of the category is equally likely.
-        QList<QUuid> goods;
-        DDatabase::ForEachRow(
-            QString::asprintf("SELECT Guid FROM %s WHERE (Category=%d)",
-                              Table(gems ? kTableGemInfo : kTableArtInfo).constData(), category),
-            [&goods](odbc::ResultSet* row) { goods << row->getGUID(1); });
-        if (goods.isEmpty())
+        QList<QUuid> picks;
+        for (int index = 0; index < goods.RowCount(); ++index) {
+            const Row good(&goods, index);
+            if (good.Int("Category") == category)
+                picks << good.Guid("Guid");
+        }
+        if (picks.isEmpty())
             continue;
-        const QUuid guid = goods.at(FC::GetRandom(0, int(goods.size())));
+        const QUuid guid = picks.at(FC::GetRandom(0, int(picks.size())));
         FCRef<DItemInfo> info(DHandBook::BuildItemInfo(gems ? kItemGem : kItemArtObject, guid));
-        if (info)
-            AddPricedItem(treasure, info.get(), DCoinData(value, coinType));
+        if (info) {
+            FCRef<DItem> item(NewItem(info.get(), DCoinData(value, coinType)));
+            treasure->AddItem(item.get());
+        }
     }
 }
 
@@ -339,35 +713,35 @@ void DTreasureGenerator::PickItems(DTreasure* treasure, int count, int treasureT
 }
 
 void DTreasureGenerator::PickMundaneItem(DTreasure* treasure) {
-    int type = 0, count = 0;
-    bool masterwork = false;
-    QUuid guid;
-    QString sizeTable;
-    RollRow(kTableMundane, QString(), [&](odbc::ResultSet* row) {
-        type = row->getInt("MundaneType");
-        masterwork = row->getBoolean("IsMasterwork");
-        count = RollDice(row);
-        static const char* const kColumns[] = {"WeaponId", "ArmorId", "ShieldId", "GoodsId"};
-        if (type >= 1 && type <= 4)
-            guid = row->getGUID(kColumns[type - 1]);
-        sizeTable = row->getString("SizeTable");
-    });
+    const auto row = Roll(kTableMundane);
+    if (!row)
+        return;
+    const int type = row->Int("MundaneType");
+    bool masterwork = row->Bool("IsMasterwork");
+    const int count = RollDice(*row);
     if (type >= 5 && type <= 9) {
-        PickMundaneWeapon(treasure, type);
+        const QUuid guid = PickMundaneWeapon(type, masterwork);
+        if (auto* info = static_cast<DItemInfo*>(DDatabase::GetWeaponInfo(guid)))
+            AddListedItem(treasure, info, 1, masterwork);
         return;
     }
-    if (type < 1 || type > 4 || guid.isNull())
+    static const char* const kColumns[] = {"WeaponId", "ArmorId", "ShieldId", "GoodsId"};
+    if (type < 1 || type > 4)
+        return;
+    const QUuid guid = row->Guid(kColumns[type - 1]);
+    if (guid.isNull())
         return;
     static constexpr int kItemTypes[] = {kItemWeapon, kItemArmor, kItemShield, kItemGoods};
     FCRef<DItemInfo> info(DHandBook::BuildItemInfo(kItemTypes[type - 1], guid));
     if (!info)
         return;
+    const QString sizeTable = row->String("SizeTable");
     if (!sizeTable.isEmpty()) {
         int size = -1;
         const int roll = Percentile();
         DDatabase::FirstRow(QString::asprintf("SELECT SizeId FROM %s WHERE (Min<=%d) AND (Max>=%d)",
                                               qUtf8Printable(sizeTable), roll, roll),
-                            [&size](odbc::ResultSet* row) { size = row->getInt(1); });
+                            [&size](odbc::ResultSet* sizeRow) { size = sizeRow->getInt(1); });
         if (size >= 0 && size != info->GetSizeType()) {
             info->SetSizeType(size);
             info->AddInfoFlag(DItemInfo::kInfoFlagChanged);
@@ -379,38 +753,40 @@ void DTreasureGenerator::PickMundaneItem(DTreasure* treasure) {
 }
 
 void DTreasureGenerator::PickMagicItem(DTreasure* treasure, int treasureType) {
-    const QString prefix = GetMinorMediumMajorPrefix(treasureType);
-    int kind = 0;
-    RollRow(
-        kTableMagicKind, QString(),
-        [&kind](odbc::ResultSet* row) { kind = row->getInt("MagicItemType"); }, prefix);
-    switch (kind) {
-    case 1:
-        PickMagicArms(treasure, treasureType, false);
-        break;
-    case 2:
-        PickMagicArms(treasure, treasureType, true);
-        break;
-    case 3:
-        PickNamedMagicItem(treasure, treasureType, kItemPotion, kTablePotions, "SpecificId",
-                           prefix);
-        break;
-    case 4:
-        PickNamedMagicItem(treasure, treasureType, kItemRing, kTableRings, "RingId", prefix);
-        break;
-    case 5:
-        PickNamedMagicItem(treasure, treasureType, kItemRod, kTableRods, "ItemId", prefix);
-        break;
-    case 7:
-        PickNamedMagicItem(treasure, treasureType, kItemStaff, kTableStaffs, "ItemId", prefix);
-        break;
-    case 9:
-        PickNamedMagicItem(treasure, treasureType, kItemWondrous,
-                           kTableWondrous[std::clamp(treasureType - kTreasureMinor, 0, 2)], "Id",
-                           QString());
-        break;
-    default:
-        // Scrolls and wands hold spells drawn from the spell lists: not generated yet.
-        break;
+    FCRef<DItem> item(CreateMagicItem(treasureType));
+    if (item)
+        treasure->AddItem(item.get());
+}
+
+DItem* DTreasureGenerator::CreateMagicItem(int treasureType, int kind) {
+    if (kind == kKindAny) {
+        const auto row = RollByClass(kTableMagicKind, treasureType);
+        kind = row ? row->Int("MagicItemType") : -1;
+    }
+    DItem* item = PickMagicItemOfKind(treasureType, kind);
+    if (!item)
+        return nullptr;
+    // A mind and a curse never come together.
+    if (DIntelligentItemGenerator::ShouldItemBeIntelligent(item)) {
+        auto* magic = FCDynamicCast<DMagicItemInfo>(item->GetItemInfo());
+        FCRef<DIntelligentData> data(DIntelligentItemGenerator::GenerateIntelligentData());
+        if (magic && data)
+            magic->SetIntelligentData(data.get());
+    } else if (DCursedItemGenerator::ShouldItemBeCursed(item)) {
+        DCursedItemGenerator::GenerateCursedItem(item);
+    }
+    return item;
+}
+
+void DTreasureGenerator::AddSpecialAbilitiesFromTable(int treasureType, DCustomMagicItemInfo* item,
+                                                      int count) {
+    if (!item)
+        return;
+    // Rerolls of abilities the item already has could run on when the class's table holds
+    // few; a bound on the rounds keeps that finite.
+    for (int round = 0; count > 0 && round < kMaxAbilityRounds; ++round) {
+        --count;
+        if (AddOneSpecialAbility(treasureType, item, count))
+            count = 0;
     }
 }

@@ -45,6 +45,24 @@ TEST_F(TreasureCli, SeededHoardsRepeatAddUpAndKeep) {
     EXPECT_EQ(QJsonDocument::fromJson(several.out.toUtf8()).array().size(), 4);
 }
 
+TEST_F(TreasureCli, MagicItemsComeOfTheClassAndKindAsked) {
+    const clitest::CliRun run = Hoard({"--seed", "3", "--json", "magic-item", "--class", "major",
+                                       "--kind", "wand", "--count", "5"});
+    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    const QJsonArray items = QJsonDocument::fromJson(run.out.toUtf8()).array();
+    ASSERT_EQ(items.size(), 5);
+    for (const QJsonValue value : items) {
+        const QJsonObject item = value.toObject();
+        // A cursed wand may have been swapped for a specific cursed item of another kind.
+        if (item["cursed"].toBool())
+            continue;
+        EXPECT_EQ(item["kind"].toString(), QStringLiteral("wand"));
+        EXPECT_EQ(item["class"].toString(), QStringLiteral("major"));
+        EXPECT_TRUE(item["name"].toString().startsWith(QStringLiteral("Wand of ")));
+        EXPECT_GT(item["value_gp"].toDouble(), 0);
+    }
+}
+
 TEST_F(TreasureCli, RefusalsNameTheReason) {
     const QString junk = mUser.path() + "/junk.trs";
     QFile file(junk);
@@ -62,6 +80,11 @@ TEST_F(TreasureCli, RefusalsNameTheReason) {
         {{"treasure", "--race", "Dire Wolf"}, "has no treasure"},
         {{"treasure", "show", junk}, "not a readable treasure"},
         {{"treasure"}, "--el N or --race"},
+        {{"magic-item", "--class", "mediun"}, "closest: medium"},
+        {{"magic-item", "--class", "major", "--kind", "wnd"}, "closest: wand"},
+        {{"magic-item", "--class", "minor", "--kind", "rod"}, "no minor rod"},
+        {{"magic-item", "--class", "minor", "--count", "1001"}, "--count"},
+        {{"magic-item"}, "--class"},
     };
     for (const auto& c : cases) {
         const clitest::CliRun run = Hoard(c.args);

@@ -1,6 +1,7 @@
 // The character and monster documents: they parse back, escape what they must, and hold the
 // optional elements exactly when the record has something to say.
 #include "DCharacterXml.h"
+#include "DCompanionRules.h"
 #include "DRace.h"
 #include "DRaceXml.h"
 #include "DRollXml.h"
@@ -11,6 +12,7 @@
 
 namespace {
 
+using outputtest::CharacterRef;
 using outputtest::OutputFixture;
 
 // Every element of the document by its path ("character/classes/string") with its text.
@@ -57,9 +59,18 @@ TEST_F(CharacterXmlTest, DocumentsRoundTripThroughTheParser) {
 TEST_F(CharacterXmlTest, OptionalElementsFollowTheRecord) {
     const auto tordek = Tordek();
     const auto ogre = Monster("Ogre");
+    // A wizard with a cat familiar: the cat is a short character body of its own.
+    CharacterRef wizard(new DCharacter());
+    DHandBook::SetupCharacterWithRace(wizard.get(), ReadyRace("Human"));
+    wizard->AddHistory(ClassGuid("Wizard"), 1.0f);
+    DHandBook::CharacterSetup(wizard.get(), true);
+    ASSERT_NE(DCompanionRules::AddCharacterAnimal(wizard.get(), *ReadyRace("Cat"),
+                                                  DCompanionRules::kFamiliar),
+              nullptr);
     QString error;
     const auto character = Elements(DCharacterXml::ToBytes(tordek.get(), QString()), error);
     const auto monster = Elements(DCharacterXml::ToBytes(ogre.get(), QString()), error);
+    const auto master = Elements(DCharacterXml::ToBytes(wizard.get(), QString()), error);
     const struct {
         const char* what;
         bool present;
@@ -80,6 +91,8 @@ TEST_F(CharacterXmlTest, OptionalElementsFollowTheRecord) {
         {"nothing worn: no equipment", character.contains("character/equiped-items/armor/name"),
          false},
         {"no spells cast: no spells", character.contains("character/spells/spell/name"), false},
+        {"no companion: no animals", character.contains("character/animals/animal/name"), false},
+        {"a familiar under animals", master.value("character/animals/animal/name") == "Cat", true},
         {"the race's CR and alignment modifier",
          monster.value("monster/alignment/modifier") == "Usually", true},
     };

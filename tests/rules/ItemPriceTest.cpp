@@ -21,11 +21,12 @@ TEST_F(ItemPriceTest, SpellItemsFollowTheirFormula) {
         int spellLevel;
         int casterLevel;
         int charges; // wands only
-        int gold;
+        double gold;
     };
+    // A 0-level scroll of caster level 1 is half of 25 gp: 12 gp 5 sp.
     const Case cases[] = {
-        {kItemPotion, 0, 1, 0, 25},  {kItemScroll, 0, 1, 0, 12}, {kItemPotion, 3, 5, 0, 750},
-        {kItemScroll, 2, 3, 0, 150}, {kItemWand, 0, 1, 50, 375}, {kItemWand, 3, 5, 50, 11250},
+        {kItemPotion, 0, 1, 0, 25},  {kItemScroll, 0, 1, 0, 12.5}, {kItemPotion, 3, 5, 0, 750},
+        {kItemScroll, 2, 3, 0, 150}, {kItemWand, 0, 1, 50, 375},   {kItemWand, 3, 5, 50, 11250},
         {kItemWand, 3, 5, 25, 5625}, {kItemWand, 1, 1, 10, 150},
     };
     for (const Case& c : cases) {
@@ -44,8 +45,9 @@ TEST_F(ItemPriceTest, SpellItemsFollowTheirFormula) {
         } else {
             DHandBook::ComputeMagicSpellItemCost(c.itemType, c.spellLevel, c.casterLevel, &price);
         }
-        EXPECT_EQ(price.GetCoinCount(), c.gold) << c.itemType << " " << c.spellLevel;
-        EXPECT_EQ(price.GetCoinType(), 2);
+        DCurrency money;
+        money.SetAmount(price.GetCoinType(), price.GetCoinCount());
+        EXPECT_EQ(money.GetCopperCost(), qint64(c.gold * 100)) << c.itemType << " " << c.spellLevel;
     }
     // A staff row prices a full staff of 50 charges.
     Ref<DItemInfo> staff = Info(kItemStaff, QStringLiteral("Fire"));

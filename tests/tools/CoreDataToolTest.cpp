@@ -3,9 +3,11 @@
 #include "DChosenFeat.h"
 #include "DChosenSkill.h"
 #include "DChosenSpeed.h"
+#include "DFamiliarBonus.h"
 #include "DGuid.h"
 #include "DRace.h"
 #include "DRaceAdvance.h"
+#include "DTargetData.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -74,6 +76,7 @@ const char* const kGoodSource = "# a hill-giant-like test creature\n"
                                 "alignment: Chaotic Evil\n"
                                 "skills: Listen +2, craft  (alchemy) +4\n"
                                 "skills: Move Silently +1\n"
+                                "familiar_bonus: Move Silently +3, Ref +2, hit points +3, Cha +1\n"
                                 "feats: Alertness, Skill Focus (Craft (Alchemy))\n"
                                 "feats: \"Weapon Focus (Longbow, composite)\", "
                                 "Spell Focus (Evocation), Armor Proficiency (Light)\n";
@@ -150,6 +153,20 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
                                guidOf("[info Weapons]", "Longbow, composite"), weaponTable));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Spell Focus"), evocation));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Armor Proficiency (Light)")));
+
+    // What it gives a master as a familiar: rows 10 (a skill, its GUID the target), 7 (the
+    // second save), 9 (hit points) and 5 (the sixth ability) of "[types Familiar Bonus]".
+    const FCPointerArray<DFamiliarBonus>& bonuses = giant->GetFamiliarBonusArray();
+    ASSERT_EQ(bonuses.GetCount(), 4);
+    const int types[] = {10, 7, 9, 5};
+    const int values[] = {3, 2, 3, 1};
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(bonuses.At(i)->GetBonusType(), types[i]) << i;
+        EXPECT_EQ(bonuses.At(i)->GetBonus(), values[i]) << i;
+    }
+    const auto* target = FCDynamicCast<DTargetData>(bonuses.At(0)->GetTargetData());
+    ASSERT_NE(target, nullptr);
+    EXPECT_EQ(target->GetTargetGuid(), guidOf("[info Skill]", "Move Silently"));
     giant->Release();
 
     DRace* dwarfish = DRace::CreateFromFile(output.filePath("Dwarfish.rac"), false);
@@ -200,6 +217,10 @@ TEST(CoreDataTool, FaultsNameFileAndLine) {
         {"skill bonus negative", "skills: Spot -2\n", 1, "must be above 0, not -2"},
         {"skill on two lines", "skills: Spot +2\n# more\nskills: Search +1, spot +1\n", 3,
          "skill 'Spot' given twice"},
+        {"familiar bonus without a number", "familiar_bonus: Listen\n", 1,
+         "expected what the master gains and a bonus"},
+        {"familiar bonus to no skill", "familiar_bonus: Basketry +3\n", 1,
+         "'Basketry' is no ability, save"},
         {"unknown feat", "feats: Alertness, Napping\n", 1, "'Napping' names no row of [info Feat]"},
         {"feat without its target", "feats: Weapon Focus\n", 1, "Weapon Focus needs a target"},
         {"feat with a target it does not take", "feats: Alertness (Longsword)\n", 1,

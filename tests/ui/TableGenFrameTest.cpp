@@ -1,19 +1,32 @@
 // The table window over user tables with 1d1 dice, so every roll is known by hand.
 #include "TableGenFrame.h"
 
+#include "DCharStatType.h"
+#include "DCharacter.h"
+#include "DCharacterClass.h"
+#include "DClassInfo.h"
 #include "DDatabase.h"
 #include "DFailureReporter.h"
+#include "DFileObject.h"
+#include "DHandBook.h"
 #include "DObjectManager.h"
 #include "DOptions.h"
+#include "DRace.h"
+#include "DSizeInfo.h"
 #include "DTable.h"
 #include "DTableText.h"
+#include "DTreasure.h"
+#include "FCRandom.h"
 #include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include <QCheckBox>
 #include <QDir>
+#include <QLabel>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTemporaryDir>
+#include <QTextBrowser>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
@@ -42,6 +55,27 @@ QStringList results(const TableGenFrame& frame) {
     }
     rows.sort();
     return rows;
+}
+
+QUuid classGuid(const QString& name) {
+    for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
+        if (static_cast<const DClassInfo*>(info)->mName == name)
+            return guid;
+    }
+    return QUuid();
+}
+
+// A lawful good human paladin of the first level, kept as Character/NAME.chr.
+void saveHero(const QString& folder, const QString& name) {
+    FCRef<DFileObject> human(
+        DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString("Human.rac")));
+    FCRef<DCharacter> hero(new DCharacter());
+    DHandBook::SetupCharacterWithRace(hero.get(), human.get());
+    hero->SetCharacterName(FCString(name));
+    hero->SetAlignmentId(9);
+    hero->AddHistory(classGuid(QStringLiteral("Paladin")), 1.0f);
+    DHandBook::CharacterSetup(hero.get(), true);
+    ASSERT_TRUE(hero->SaveToFile(FCString(folder + "/" + name + ".chr")));
 }
 
 } // namespace
@@ -84,6 +118,101 @@ TEST(TableGenFrameTest, RollsGatherByKindAndAppendAddsUp) {
     append->setChecked(false);
     generate->click();
     EXPECT_EQ(results(frame), once);
+    DDatabase::ShutDown();
+    DFailureReporter::SetQuiet(false);
+}
+
+// Each result kind opens as its own object with the row's overrides, worked from the rules: an
+// ankheg (3 HD, 5-9 HD Huge) at 7 HD is Huge with base attack +7; a first-level paladin raised
+// to level 3 and turned chaotic good by its row is an elf of three levels who has lost the
+// paladin's calling; a hoard row without a level is the stored chest, 5 gp.
+TEST(TableGenFrameTest, ResultsOpenWithTheirRowsOverrides) {
+    QTemporaryDir user;
+    ASSERT_TRUE(user.isValid());
+    for (const char* folder : {"Table", "Characters", "Treasure"})
+        ASSERT_TRUE(QDir(user.path()).mkpath(folder));
+    DFailureReporter::SetQuiet(true);
+    DOptions::mAppPath = FCString(hoardtest::builtDataDir());
+    DOptions::SetUserDataPath(FCString(user.path()));
+    ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
+    DObjectManager::StartUp();
+    saveHero(user.filePath("Characters"), "Hero");
+    FCRef<DTreasure> chest(new DTreasure);
+    chest->SetCurrencyAmount(2, 5);
+    ASSERT_TRUE(chest->SaveToFile(user.filePath("Treasure/Chest.trs")));
+    saveTable(user.filePath("Table"), "Lair",
+              "die\t1d1\n"
+              "1\t2\tmonster\tAnkheg\t7\n"
+              "1\t1\tcharacter\tHero\t3\tElf\tCG\n"
+              "1\t1\ttreasure\tChest\n"
+              "1\t1\ttext\tBones\n");
+
+    DObjectManager::HandleTableSave(FCString(user.filePath("Table/Lair.tbl")));
+
+    TableGenFrame frame;
+    ASSERT_TRUE(frame.SelectTable("Lair"));
+    frame.Generate();
+    FCRef<DCharacter> built;
+    FCRef<DTreasure> found;
+    QObject::connect(&frame, &TableGenFrame::creatureBuilt,
+                     [&built](DCharacter* character, const QString&) {
+                         character->Retain();
+                         built.reset(character);
+                     });
+    QObject::connect(&frame, &TableGenFrame::treasureBuilt,
+                     [&found](DTreasure* treasure, const QString&) {
+                         treasure->Retain();
+                         found.reset(treasure);
+                     });
+
+    const struct {
+        const char* row;
+        const char* jump; // null: no jump button
+    } rows[] = {{"Ankheg", "&Jump to Monster Editor"},
+                {"Hero", "&Jump to Character Editor"},
+                {"Chest", "&Jump to Treasure Editor"},
+                {"Bones", nullptr}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.row);
+        ASSERT_TRUE(frame.SelectResult(row.row));
+        EXPECT_EQ(frame.JumpButton()->isHidden(), row.jump == nullptr);
+        if (row.jump) {
+            EXPECT_EQ(frame.JumpButton()->text(), QString(row.jump));
+        }
+    }
+
+    ASSERT_TRUE(frame.SelectResult("Ankheg"));
+    frame.Jump();
+    ASSERT_NE(built, nullptr) << frame.findChild<QLabel*>("mRollLabel")->text().toStdString();
+    EXPECT_EQ(built->GetHistoryAtPosition(0)->GetLevel(), 7.0f);
+    EXPECT_EQ(built->GetCharacterStat(kStatBaseAttack), 7);
+    ASSERT_NE(built->GetSizeInfo(), nullptr);
+    EXPECT_EQ(QString(built->GetSizeInfo()->GetSizeName()), QStringLiteral("Huge"));
+
+    ASSERT_TRUE(frame.SelectResult("Hero"));
+    frame.Jump();
+    ASSERT_NE(built, nullptr);
+    EXPECT_EQ(built->GetHistoryCharacterLevel(), 3);
+    ASSERT_NE(built->GetRace(), nullptr);
+    EXPECT_EQ(QString(built->GetRace()->GetRaceName()), QStringLiteral("Elf"));
+    EXPECT_EQ(built->GetAlignmentId(), 12);
+    const DCharacterClass* paladin = built->GetClassPointer(classGuid(QStringLiteral("Paladin")));
+    ASSERT_NE(paladin, nullptr);
+    EXPECT_EQ(paladin->GetLevel(), 3.0f);
+    EXPECT_TRUE(paladin->GetIsExClass());
+
+    ASSERT_TRUE(frame.SelectResult("Chest"));
+    frame.Jump();
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->GetCurrencyAmount(2), 5);
+    EXPECT_EQ(found->GetItemCount(), 0);
+
+    // The stat block tab builds every result again and shows each under its count.
+    frame.findChild<QTabWidget*>(QStringLiteral("mMainTabs"))->setCurrentIndex(1);
+    const QString block = frame.findChild<QTextBrowser*>(QStringLiteral("mBlock"))->toPlainText();
+    for (const char* heading :
+         {"2 \u00d7 Ankheg", "1 \u00d7 Hero", "1 \u00d7 Chest", "1 \u00d7 Bones", "Huge", "5 gp"})
+        EXPECT_TRUE(block.contains(QString::fromUtf8(heading))) << heading;
     DDatabase::ShutDown();
     DFailureReporter::SetQuiet(false);
 }

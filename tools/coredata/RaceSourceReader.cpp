@@ -7,10 +7,12 @@
 #include "DChosenLanguage.h"
 #include "DChosenSkill.h"
 #include "DChosenSpeed.h"
+#include "DFamiliarBonus.h"
 #include "DGuid.h"
 #include "DRace.h"
 #include "DRaceAdvance.h"
 #include "DSpecialAttack.h"
+#include "DTargetData.h"
 #include "NameIndex.h"
 
 #include <QFile>
@@ -103,6 +105,7 @@ QStringList RaceSourceReader::Keys() {
             "weight",
             "weapon_proficiencies",
             "flags",
+            "familiar_bonus",
             "skills",
             "feats"};
 }
@@ -344,6 +347,8 @@ void RaceSourceReader::Apply(const QString& key, const QString& value, DRace& ra
             race.AddWeaponProf(GuidOf("[info Weapons]", name));
     } else if (key == "flags")
         SetFlags(value, race);
+    else if (key == "familiar_bonus")
+        SetFamiliarBonuses(value, race);
     else if (key == "skills")
         SetSkills(value, race);
     else if (key == "feats")
@@ -494,6 +499,46 @@ void RaceSourceReader::SetSkills(const QString& value, DRace& race) {
         chosen->AddSkillFlag(DChosenSkill::kSkillFixed);
         race.AddSkill(chosen);
         chosen->Release();
+    }
+}
+
+void RaceSourceReader::SetFamiliarBonuses(const QString& value, DRace& race) {
+    // Rows of "[types Familiar Bonus]": 0-5 an ability, 6-8 a save, 9 hit points, 10 a skill.
+    constexpr int kSaveBonus = 6;
+    constexpr int kHitPointsBonus = 9;
+    constexpr int kSkillBonus = 10;
+    static const QRegularExpression form(QStringLiteral("^(.+?)\\s+([+-]?\\d+)$"));
+    for (const QString& item : List(value)) {
+        const QRegularExpressionMatch match = form.match(item);
+        if (!match.hasMatch())
+            Fail(QStringLiteral("expected what the master gains and a bonus such as 'Listen +3', "
+                                "'Fort +2' or 'hit points +3', got '%1'")
+                     .arg(item));
+        const QString what = match.captured(1);
+        auto* bonus = new DFamiliarBonus;
+        bonus->SetBonus(Integer(match.captured(2)));
+        if (kAbilityNames.contains(what))
+            bonus->SetBonusType(int(kAbilityNames.indexOf(what)));
+        else if (kSaveNames.contains(what))
+            bonus->SetBonusType(kSaveBonus + int(kSaveNames.indexOf(what)));
+        else if (what == QLatin1String("hit points"))
+            bonus->SetBonusType(kHitPointsBonus);
+        else {
+            const NameIndex::Skill* skill = mNames.FindSkill(what);
+            if (!skill || skill->hasSubSkills) {
+                bonus->Release();
+                Fail(QStringLiteral("'%1' is no ability, save, 'hit points' or skill (a skill "
+                                    "with sub-skills names one)")
+                         .arg(what));
+            }
+            bonus->SetBonusType(kSkillBonus);
+            DTargetData target;
+            target.SetTargetGuid(skill->skill);
+            target.SetTargetSubGuid(skill->subSkill);
+            bonus->SetTargetData(&target);
+        }
+        race.AddFamiliarBonus(bonus);
+        bonus->Release();
     }
 }
 

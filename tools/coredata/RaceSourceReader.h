@@ -41,6 +41,7 @@ private:
     void SetBodyStat(const QString& value, DRace& race, bool height);
     void SetTreasure(const QString& value, DRace& race);
     void SetFlags(const QString& value, DRace& race);
+    void SetFamiliarBonuses(const QString& value, DRace& race);
     // "Listen +2, Craft (Alchemy) +2": racial skill bonuses.
     void SetSkills(const QString& value, DRace& race);
     // "Alertness, Weapon Focus (Longsword)": racial feats, with a weapon, skill or school

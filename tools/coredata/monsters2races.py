@@ -33,6 +33,31 @@ CLIMATES = [("cold", "Cold"), ("temperate", "Temperate"), ("warm", "Warm"),
 QUALITY_ALIASES = {"dr": "Damage reduction", "sr": "Spell resistance",
                    "resistance": "Resistance to energy", "immune": "Immunity",
                    "immunities": "Immunity"}
+# What each creature may serve as, by the open rules' lists: a sorcerer's or wizard's familiar,
+# a paladin's special mount, a druid's (or ranger's) animal companion of the first list,
+# aquatic choices included.
+COMPANION_FLAGS = {
+    "Bat": ["familiar"], "Cat": ["familiar"], "Lizard": ["familiar"], "Rat": ["familiar"],
+    "Raven": ["familiar"], "Snake, Tiny Viper": ["familiar"], "Toad": ["familiar"],
+    "Weasel": ["familiar"],
+    "Hawk": ["familiar", "animal companion"], "Owl": ["familiar", "animal companion"],
+    "Warhorse, Heavy": ["mount"], "Pony, War": ["mount"],
+    "Badger": ["animal companion"], "Camel": ["animal companion"],
+    "Dire Rat": ["animal companion"], "Dog": ["animal companion"],
+    "Dog, Riding": ["animal companion"], "Eagle": ["animal companion"],
+    "Horse, Light": ["animal companion"], "Horse, Heavy": ["animal companion"],
+    "Pony": ["animal companion"], "Snake, Small Viper": ["animal companion"],
+    "Snake, Medium Viper": ["animal companion"], "Wolf": ["animal companion"],
+    "Crocodile": ["animal companion"], "Porpoise": ["animal companion"],
+    "Shark, Medium": ["animal companion"], "Squid": ["animal companion"],
+}
+# What a familiar gives its master, by the open rules' familiar table. The hawk's and the owl's
+# Spot bonus holds only in bright light or in shadows, which a fixed bonus cannot say: left out.
+FAMILIAR_BONUS = {
+    "Bat": "Listen +3", "Cat": "Move Silently +3", "Lizard": "Climb +3", "Rat": "Fort +2",
+    "Raven": "Appraise +3", "Snake, Tiny Viper": "Bluff +3", "Toad": "hit points +3",
+    "Weasel": "Ref +2",
+}
 # Entries that are a class-levelled example or a template shown on a base creature: their hit
 # dice are not the creature's own.
 SKIP = re.compile(r"\d+(st|nd|rd|th)-Level|Human Form|Hybrid|Wolf Form|Bear Form|Boar Form|"
@@ -289,6 +314,10 @@ class Converter:
         else:
             self.gap("environment with no climate")
 
+        if name in COMPANION_FLAGS:
+            out.append("flags: " + ", ".join(COMPANION_FLAGS[name]))
+        if name in FAMILIAR_BONUS:
+            out.append("familiar_bonus: " + FAMILIAR_BONUS[name])
         for f in feats:
             out.append("feature: " + f)
         return out, None

@@ -1293,7 +1293,10 @@ def spell_lists():
 def find_spell(text, names):
     name = re.sub(r'\s*\((potion|oil)\)\s*$', '', text.strip(), flags=re.I)
     name = re.sub(r'\s*\d+$', '', name).lower()
-    for candidate in (name, name.split(' (')[0], re.sub(r',.*$', '', name)):
+    base = name.split(' (')[0]
+    # "Greater invisibility" is listed as "Invisibility, Greater".
+    inverted = re.sub(r'^(greater|lesser|mass) (.*)$', r'\2, \1', base)
+    for candidate in (name, base, re.sub(r',.*$', '', name), inverted):
         if candidate in names:
             return names[candidate]
     return None
@@ -1333,16 +1336,26 @@ def magic_items():
     priced_items('info Staffs', 'Table 8-26 Staffs', MAGIC_IV + '06_staffs.csv', 'ItemId')
 
     wands = table('Table 8-27 Wands', ['MinorMin', 'MinorMax', 'MedMin', 'MedMax', 'MajorMin', 'MajorMax',
-                                      'SpellId', 'CasterClass'],
-                  'The caster class is the first list the spell stands on (the wizard\'s is the sorcerer\'s).')
+                                      'SpellId', 'CasterClass', 'OvrCasterLevel', 'OvrLevel'],
+                  'The caster class is the wizard for the sorcerer and wizard list (a wizard reaches each '
+                  'spell level first, which sets the listed price), else the first list the spell stands '
+                  'on; a domain spell is the cleric\'s. OvrCasterLevel: a caster level the wand names, '
+                  '"(5th)"; OvrLevel: the level of a heightened spell, or of a domain spell.')
     for r in read_rows(os.path.join(TABLES, MAGIC_IV + '07_wands.csv'))[1:]:
         spell = find_spell(r[3], names) if len(r) > 4 else None
         if not spell or not any(bounds(c)[0] for c in r[:3]):
             continue
         lists = levels.get(spell.lower(), {})
         caster = next((c for c in CASTER_PREFERENCE if c in lists), None)
-        if caster:
-            wands.append(class_bounds(r) + [spell, caster])
+        caster_level = re.search(r'\((\d+)(?:st|nd|rd|th)\)', r[3])
+        heightened = re.search(r'heightened \((\d+)(?:st|nd|rd|th)[- ]level', r[3])
+        level = int(heightened.group(1)) if heightened else 0
+        if not caster:
+            # A domain spell only: its price names the level it is cast at as a 4th-level spell.
+            caster, level = 'Cleric', round(price(r[4]) / 750 / int(caster_level.group(1))) if caster_level else 0
+        if caster and (caster != 'Cleric' or level or lists):
+            wands.append(class_bounds(r) + [spell, 'Wizard' if caster == 'Sorcerer' else caster,
+                                            int(caster_level.group(1)) if caster_level else 0, level])
 
     wondrous = table('info Wondrous Items', ['Name', 'CoinCount', 'QualityType'],
                      'QualityType: 1 minor, 2 medium, 3 major.')
@@ -1390,7 +1403,8 @@ def magic_items():
                 continue
             caster = next((c for c in lists if c in levels.get(spell.lower(), {})), None)
             if caster:
-                rolls.append([level, low, high, spell, caster])
+                # The wizard reaches each level of the shared list first; the listed prices assume it.
+                rolls.append([level, low, high, spell, 'Wizard' if caster == 'Sorcerer' else caster])
 
 
 MAGIC_VI = 'magic-items__magic-items-vi-intelligent-cursed-and-artifacts__'

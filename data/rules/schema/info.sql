@@ -634,6 +634,18 @@ CREATE TABLE [info Fiendish] (
     Int INTEGER NOT NULL DEFAULT 0
 );
 
+-- By the druid level the master counts; StrAdj raises Strength and Dexterity alike, Int 0
+-- leaves the animal's own. BonusTricks: tricks beyond those its Intelligence allows.
+CREATE TABLE [info Animal Companion] (
+    MasterLevelMin INTEGER NOT NULL PRIMARY KEY,
+    MasterLevelMax INTEGER NOT NULL,
+    BonusHD INTEGER NOT NULL DEFAULT 0,
+    NaturalArmor INTEGER NOT NULL DEFAULT 0,
+    StrAdj INTEGER NOT NULL DEFAULT 0,
+    Int INTEGER NOT NULL DEFAULT 0,
+    BonusTricks INTEGER NOT NULL DEFAULT 0
+);
+
 -- Features a companion gains by master level.
 CREATE TABLE [info Familiar Features] (
     Level INTEGER NOT NULL,
@@ -650,6 +662,13 @@ CREATE TABLE [info Mount Features] (
 );
 
 CREATE TABLE [info Fiendish Features] (
+    Level INTEGER NOT NULL,
+    FeatureId VARCHAR(38) NOT NULL REFERENCES [info Features] (Guid),
+    Data INTEGER NOT NULL DEFAULT -1,
+    PRIMARY KEY (Level, FeatureId)
+);
+
+CREATE TABLE [info Animal Companion Features] (
     Level INTEGER NOT NULL,
     FeatureId VARCHAR(38) NOT NULL REFERENCES [info Features] (Guid),
     Data INTEGER NOT NULL DEFAULT -1,

@@ -1,15 +1,22 @@
 #include "TableGenFrame.h"
 
+#include "DCharacter.h"
 #include "DObjectManager.h"
+#include "DOutput.h"
 #include "DTable.h"
 #include "DTableRoller.h"
+#include "DTreasure.h"
+#include "TableResultBuilder.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
+#include <QTabWidget>
+#include <QTextBrowser>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -17,6 +24,29 @@ namespace {
 
 constexpr int kFileRole = Qt::UserRole + 1;
 constexpr int kKindRole = Qt::UserRole + 2;
+constexpr int kResultRole = Qt::UserRole + 3;
+
+// Building a monster or a hoard can take a moment.
+class WaitCursor {
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+QString jumpText(int kind) {
+    switch (kind) {
+    case DTableItem::kElementMonster:
+        return QObject::tr("&Jump to Monster Editor");
+    case DTableItem::kElementCharacter:
+        return QObject::tr("&Jump to Character Editor");
+    case DTableItem::kElementTreasure:
+        return QObject::tr("&Jump to Treasure Editor");
+    default:
+        return QString();
+    }
+}
 
 // Numbers sort as numbers in the result list.
 class CountItem : public QTreeWidgetItem {
@@ -79,14 +109,25 @@ TableGenFrame::TableGenFrame(QWidget* parent) : QWidget(parent) {
     mRollLabel = new QLabel(this);
     mRollLabel->setObjectName(QStringLiteral("mRollLabel"));
 
+    mBlock = new QTextBrowser(this);
+    mBlock->setObjectName(QStringLiteral("mBlock"));
+    mMainTabs = new QTabWidget(this);
+    mMainTabs->setObjectName(QStringLiteral("mMainTabs"));
+    mMainTabs->addTab(mGenerateList, tr("Generate"));
+    mMainTabs->addTab(mBlock, tr("Stat Block"));
+    mJumpButton = new QPushButton(this);
+    mJumpButton->setObjectName(QStringLiteral("mJumpButton"));
+    mJumpButton->hide();
+
     auto* splitter = new QSplitter(this);
     splitter->addWidget(mList);
-    splitter->addWidget(mGenerateList);
+    splitter->addWidget(mMainTabs);
     splitter->setSizes({340, 420});
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(mGenerateButton);
     buttons->addWidget(mAppendBox);
     buttons->addWidget(mRollLabel, 1);
+    buttons->addWidget(mJumpButton);
     buttons->addWidget(mCloseButton);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(splitter, 1);
@@ -97,6 +138,10 @@ TableGenFrame::TableGenFrame(QWidget* parent) : QWidget(parent) {
     connect(mList, &QTreeWidget::itemActivated, this, &TableGenFrame::Generate);
     connect(mGenerateButton, &QPushButton::clicked, this, &TableGenFrame::Generate);
     connect(mCloseButton, &QPushButton::clicked, this, &QWidget::close);
+    connect(mGenerateList, &QTreeWidget::itemSelectionChanged, this, &TableGenFrame::itemSelected);
+    connect(mGenerateList, &QTreeWidget::itemActivated, this, &TableGenFrame::Jump);
+    connect(mJumpButton, &QPushButton::clicked, this, &TableGenFrame::Jump);
+    connect(mMainTabs, &QTabWidget::currentChanged, this, &TableGenFrame::tabSelected);
     FillList();
 }
 
@@ -143,8 +188,10 @@ void TableGenFrame::Generate() {
     const QTreeWidgetItem* item = mList->currentItem();
     if (!item || item->data(0, kFileRole).toString().isEmpty())
         return;
-    if (!mAppendBox->isChecked())
+    if (!mAppendBox->isChecked()) {
         mGenerateList->clear();
+        mResults.clear();
+    }
     FCRef<DTable> table(DTable::CreateFromFile(FCString(item->data(0, kFileRole).toString())));
     if (!table) {
         mRollLabel->setText(tr("The table file cannot be read."));
@@ -153,6 +200,9 @@ void TableGenFrame::Generate() {
     const DTableRoller::Outcome outcome = DTableRoller().Roll(*table);
     mRollLabel->setText(tr("%1 rolled %2").arg(table->DieText()).arg(outcome.roll));
     Gather(outcome.results);
+    itemSelected();
+    if (mMainTabs->currentIndex() == 1)
+        UpdateStatblock();
 }
 
 void TableGenFrame::Gather(const std::vector<DTableResult>& results) {
@@ -188,4 +238,100 @@ void TableGenFrame::GeneratedItem(const DTableResult& result) {
     }
     auto* child = new CountItem(heading, {result.name, QString::number(result.count), extra});
     child->setData(0, kKindRole, result.kind);
+    DTableResult kept = result;
+    kept.children.clear();
+    mResults.push_back(std::move(kept));
+    child->setData(0, kResultRole, int(mResults.size() - 1));
+}
+
+const DTableResult* TableGenFrame::ResultOf(const QTreeWidgetItem* item) const {
+    if (!item || !item->data(0, kResultRole).isValid())
+        return nullptr;
+    const int index = item->data(0, kResultRole).toInt();
+    return index >= 0 && size_t(index) < mResults.size() ? &mResults[size_t(index)] : nullptr;
+}
+
+bool TableGenFrame::SelectResult(const QString& name) {
+    for (QTreeWidgetItemIterator it(mGenerateList); *it; ++it) {
+        if (ResultOf(*it) && (*it)->text(kColumnName).compare(name, Qt::CaseInsensitive) == 0) {
+            mGenerateList->setCurrentItem(*it);
+            return true;
+        }
+    }
+    return false;
+}
+
+void TableGenFrame::itemSelected() {
+    mJumpButton->hide();
+    const DTableResult* result = ResultOf(mGenerateList->currentItem());
+    // Text rows and rows whose object is missing have nothing to open.
+    if (!result || !result->problem.isEmpty())
+        return;
+    const QString text = jumpText(result->kind);
+    if (text.isEmpty())
+        return;
+    mJumpButton->setText(text);
+    mJumpButton->show();
+}
+
+void TableGenFrame::Jump() {
+    const DTableResult* result = ResultOf(mGenerateList->currentItem());
+    if (!result || !result->problem.isEmpty() || jumpText(result->kind).isEmpty())
+        return;
+    const WaitCursor wait;
+    QString error;
+    if (result->kind == DTableItem::kElementTreasure) {
+        FCRef<DTreasure> treasure = TableResultBuilder::BuildTreasure(*result, error);
+        if (treasure) {
+            emit treasureBuilt(treasure.get(), TableResultBuilder::Title(*result));
+            return;
+        }
+    } else {
+        FCRef<DCharacter> character = TableResultBuilder::BuildCreature(*result, error);
+        if (character) {
+            emit creatureBuilt(character.get(), TableResultBuilder::Title(*result));
+            return;
+        }
+    }
+    mRollLabel->setText(error);
+}
+
+void TableGenFrame::ShowStatBlockTab() {
+    mMainTabs->setCurrentIndex(1);
+}
+
+void TableGenFrame::tabSelected(int index) {
+    if (index == 1)
+        UpdateStatblock();
+}
+
+void TableGenFrame::UpdateStatblock() {
+    const WaitCursor wait;
+    QString html;
+    // Built anew at every showing: a treasure row gives a new hoard each time.
+    for (QTreeWidgetItemIterator it(mGenerateList); *it; ++it) {
+        const DTableResult* result = ResultOf(*it);
+        if (!result)
+            continue;
+        const QString heading =
+            QStringLiteral("<h3>%1 &times; %2</h3>")
+                .arg((*it)->text(kColumnNumber), (*it)->text(kColumnName).toHtmlEscaped());
+        QString body, error;
+        if (!result->problem.isEmpty()) {
+            error = result->problem;
+        } else if (result->kind == DTableItem::kElementText) {
+            body.clear();
+        } else if (result->kind == DTableItem::kElementTreasure) {
+            if (FCRef<DTreasure> treasure = TableResultBuilder::BuildTreasure(*result, error))
+                body = QStringLiteral("<p>%1</p>").arg(TableResultBuilder::TreasureHtml(*treasure));
+        } else if (FCRef<DCharacter> creature = TableResultBuilder::BuildCreature(*result, error)) {
+            QString text;
+            if (DOutput::BuildStatBlock(creature.get(), text, error))
+                body = QStringLiteral("<pre>%1</pre>").arg(text.toHtmlEscaped());
+        }
+        if (!error.isEmpty())
+            body = QStringLiteral("<p><i>%1</i></p>").arg(error.toHtmlEscaped());
+        html += heading + body;
+    }
+    mBlock->setHtml(html.isEmpty() ? tr("<p>Nothing rolled yet.</p>") : html);
 }
