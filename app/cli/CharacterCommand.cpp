@@ -109,6 +109,8 @@ QString CharacterCommand::Help() const {
                "  hoard character add-spell FILE.chr SPELL [--class C] [--json]\n"
                "  hoard character prepare FILE.chr SPELL [--class C] [--count N] [--json]\n"
                "  hoard character add-feature FILE.chr FEATURE [--class C] [--json]\n"
+               "  hoard character fall FILE.chr --class C [--json]\n"
+               "  hoard character atone FILE.chr --class C [--json]\n"
                "  hoard character add-item FILE.chr ITEM [--count N] [--masterwork] [--enhancement "
                "N]\n"
                "                      [--ability NAME]... [--buy] [--equip] [--two-hands] "
@@ -155,6 +157,10 @@ QString CharacterCommand::Help() const {
                "          special ability, a ranger's favored enemy, a bard's weapon, a "
                "loremaster's\n"
                "          secret.\n"
+               "fall      a paladin or druid loses its class features and casts nothing, a "
+               "barbarian\n"
+               "          its rage; the class takes no new level until it atones.\n"
+               "atone     gives the fallen class back all its features and spells.\n"
                "set-alignment\n"
                "          gives the alignment by name or letters (LG, N, CE); a class that bars it "
                "refuses.\n"
@@ -167,7 +173,8 @@ QString CharacterCommand::Help() const {
                "set-school\n"
                "          makes a wizard a specialist of SCHOOL; two prohibited schools are named, "
                "one\n"
-               "          for a diviner, and divination is never one of them.\n"
+               "          for a diviner, and divination is never one of them; the wizard then\n"
+               "          learns and prepares no spell of a prohibited school.\n"
                "add-language\n"
                "          learns a bonus language of the race, one per point of Intelligence "
                "modifier.\n"
@@ -198,6 +205,10 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return CharacterSpells::RunPrepare(context, args);
     if (sub == "add-feature")
         return CharacterFeatures::RunAddFeature(context, args);
+    if (sub == "fall")
+        return CharacterFeatures::RunFall(context, args, true);
+    if (sub == "atone")
+        return CharacterFeatures::RunFall(context, args, false);
     if (sub == "add-item")
         return CharacterItems::RunAddItem(context, args);
     if (sub == "set-alignment")

@@ -1,6 +1,7 @@
 #include "CharacterFeatures.h"
 
 #include "CharacterCommand.h"
+#include "CliCommand.h"
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "DCharacter.h"
@@ -9,6 +10,7 @@
 #include "DClassInfo.h"
 #include "DDatabase.h"
 #include "DHandBook.h"
+#include "DRuleGuids.h"
 #include "FCReleaser.h"
 
 #include <QJsonArray>
@@ -123,7 +125,41 @@ int CharacterFeatures::RunAddFeature(CliContext& context, QStringList args) {
     return CharacterCommand::SaveAndShow(context, *character, path);
 }
 
+int CharacterFeatures::RunFall(CliContext& context, QStringList args, bool fallen) {
+    QString classText;
+    if (!CliCommand::TakeOption(args, "--class", classText))
+        return CliContext::Fail(QStringLiteral("--class is missing its value"));
+    if (args.size() != 1 || classText.isEmpty())
+        return CliContext::Fail(QStringLiteral("give FILE.chr --class CLASS (see --help)"));
+    QString path;
+    FCRef<DCharacter> character(CharacterCommand::LoadFileArgument(context, args[0], path));
+    if (!character)
+        return 1;
+    const QUuid guid = CharacterCommand::FindClass(classText);
+    if (guid.isNull())
+        return CliContext::Fail(QStringLiteral("unknown class '%1'").arg(classText));
+    const QString name = className(guid);
+    const DCharacterClass* characterClass = character->GetClassPointer(guid);
+    if (!characterClass)
+        return CliContext::Fail(QStringLiteral("the character has no %1 level").arg(name));
+    if (guid != DRuleGuids::kPaladinClass && guid != DRuleGuids::kDevoutClass &&
+        guid != DRuleGuids::kFastMovementClass)
+        return CliContext::Fail(
+            QStringLiteral("%1: the rules hold no fall for this class (a paladin, druid or "
+                           "barbarian falls)")
+                .arg(name));
+    if (characterClass->GetIsExClass() == fallen)
+        return CliContext::Fail(fallen ? QStringLiteral("%1 has already fallen").arg(name)
+                                       : QStringLiteral("%1 has not fallen").arg(name));
+    DHandBook::SetClassFallen(character.get(), guid, fallen, false);
+    return CharacterCommand::SaveAndShow(context, *character, path);
+}
+
 QString CharacterFeatures::RefuseClassLevel(DCharacter& character, const QUuid& classGuid) {
+    const DCharacterClass* held = character.GetClassPointer(classGuid);
+    if (held && held->GetIsExClass())
+        return QStringLiteral("%1 has fallen: it takes no new level until it atones")
+            .arg(className(classGuid));
     const DClassInfo* info = DDatabase::GetClassInfoA(classGuid);
     if (!info || info->mClassType != kPrestigeClassType || character.IsClass(classGuid))
         return {};

@@ -8,6 +8,7 @@
 #include "DCharacter.h"
 #include "DCharacterClass.h"
 #include "DChosenLanguage.h"
+#include "DChosenSpell.h"
 #include "DDatabase.h"
 #include "DHandBook.h"
 #include "DRace.h"
@@ -76,9 +77,16 @@ int findSchool(const QString& name, QString& error) {
     QStringList names;
     for (const auto& [id, base] : DDatabase::GetSchoolInfoMap()) {
         const auto* school = static_cast<const DSchoolInfo*>(base);
-        if (school->GetCategory() <= 0)
+        const bool named = QString(school->GetSchoolName()).compare(name, Qt::CaseInsensitive) == 0;
+        if (school->GetCategory() <= 0) {
+            if (named) {
+                error = QStringLiteral("%1 is not a school to specialize in or prohibit")
+                            .arg(school->GetSchoolName());
+                return -1;
+            }
             continue;
-        if (QString(school->GetSchoolName()).compare(name, Qt::CaseInsensitive) == 0)
+        }
+        if (named)
             return id;
         names << school->GetSchoolName();
     }
@@ -272,6 +280,17 @@ int CharacterGods::RunSetSchool(CliContext& context, QStringList args) {
                 QStringLiteral("%1 cannot be both the school and prohibited").arg(schoolName(id)));
         if (!prohibited.contains(id))
             prohibited << id;
+    }
+    // Spells already in the spellbook stay learnable: their schools may not be given up.
+    for (const auto& known : character->GetKnownSpellSet()) {
+        if (known->GetCasterClassGuid() != DRuleGuids::kWizardClass)
+            continue;
+        const int spellSchool = DDatabase::GetSpellSchool(known->GetSpellGuid());
+        if (prohibited.contains(spellSchool))
+            return CliContext::Fail(
+                QStringLiteral("the spellbook holds %1, a spell of %2: that school cannot be "
+                               "prohibited")
+                    .arg(nameOf(kTableSpell, known->GetSpellGuid()), schoolName(spellSchool)));
     }
     // A diviner gives up one other school, every other specialist two; divination itself is
     // never given up.

@@ -12,6 +12,7 @@
 #include "DHandBook.h"
 #include "DRuleGuids.h"
 #include "DRulesQuery.h"
+#include "DSchoolInfo.h"
 #include "DSpellCaster.h"
 #include "FCReleaser.h"
 #include "ResultSet.h"
@@ -107,6 +108,19 @@ bool findSpell(const QString& name, const Caster& caster, CharacterSpells::Spell
     return false;
 }
 
+// A specialist wizard neither learns nor prepares a spell of a school it gave up.
+QString prohibitedSchool(DCharacter& character, const Caster& caster,
+                         const CharacterSpells::Spell& spell) {
+    if (caster.isRace || caster.record->GetClassGuid() != DRuleGuids::kWizardClass)
+        return {};
+    const int school = DDatabase::GetSpellSchool(spell.guid);
+    if (school < 0 || character.GetProhibitedSchoolArray().Find(school) < 0)
+        return {};
+    const DSchoolInfo* info = DDatabase::GetSchoolInfo(school);
+    return QStringLiteral("%1 is a spell of %2, a school the wizard has prohibited")
+        .arg(spell.name, info ? QString(info->GetSchoolName()) : QString::number(school));
+}
+
 bool knows(DCharacter& character, const Caster& caster, const QUuid& spell) {
     for (const auto& known : character.GetKnownSpellSet()) {
         if (known->GetSpellGuid() == spell &&
@@ -121,6 +135,14 @@ QJsonArray levelArray(const DSpellCaster& caster, int (DSpellCaster::*get)(int) 
     for (int n = 0; n < kLevels; ++n)
         values.append((caster.*get)(n));
     return values;
+}
+
+// A fallen paladin or druid keeps its caster record but casts nothing until it atones.
+bool isFallenCaster(const DSpellCaster& caster) {
+    const auto* characterClass = dynamic_cast<const DCharacterClass*>(&caster);
+    const QUuid guid = caster.GetClassGuid();
+    return characterClass && characterClass->GetIsExClass() &&
+           (guid == DRuleGuids::kPaladinClass || guid == DRuleGuids::kDevoutClass);
 }
 
 QJsonObject describeCaster(const DCharacter& character, const DSpellCaster& caster) {
@@ -138,11 +160,21 @@ QJsonObject describeCaster(const DCharacter& character, const DSpellCaster& cast
                                     {"level", spell->GetSpellLevel()},
                                     {"count", spell->GetPreparedCount()}});
     }
+    const bool fallen = isFallenCaster(caster);
+    QJsonArray perDay = levelArray(caster, &DSpellCaster::GetSpellsPerDay);
+    QJsonArray extraPerDay = levelArray(caster, &DSpellCaster::GetExtraClassSpellsPerDay);
+    if (fallen) {
+        for (int n = 0; n < kLevels; ++n) {
+            perDay[n] = -1;
+            extraPerDay[n] = 0;
+        }
+    }
     return QJsonObject{
         {"class", className(caster.GetClassGuid())},
+        {"fallen", fallen},
         {"caster_level", DHandBook::GetSpellCasterLevel(&caster)},
-        {"per_day", levelArray(caster, &DSpellCaster::GetSpellsPerDay)},
-        {"extra_per_day", levelArray(caster, &DSpellCaster::GetExtraClassSpellsPerDay)},
+        {"per_day", perDay},
+        {"extra_per_day", extraPerDay},
         {"can_know", levelArray(caster, &DSpellCaster::GetSpellsCanKnow)},
         {"known", known},
         {"prepared", prepared},
@@ -226,6 +258,8 @@ int CharacterSpells::RunAddSpell(CliContext& context, QStringList args) {
     if (!findCaster(*character, classText, DSpellCaster::kCasterKnowsList, caster, error) ||
         !findSpell(args[1], caster, spell, error))
         return CliContext::Fail(error);
+    if (const QString refused = prohibitedSchool(*character, caster, spell); !refused.isEmpty())
+        return CliContext::Fail(refused);
     if (knows(*character, caster, spell.guid))
         return CliContext::Fail(QStringLiteral("%1 is already known").arg(spell.name));
     // Past its allowance a spellbook takes the spell bought with gold; a list caster cannot.
@@ -269,6 +303,11 @@ int CharacterSpells::RunPrepare(CliContext& context, QStringList args) {
     if (!findCaster(*character, classText, DSpellCaster::kCasterPrepares, caster, error) ||
         !findSpell(args[1], caster, spell, error))
         return CliContext::Fail(error);
+    if (isFallenCaster(*caster.record))
+        return CliContext::Fail(QStringLiteral("%1 has fallen and casts no spells until it atones")
+                                    .arg(className(caster.record->GetClassGuid())));
+    if (const QString refused = prohibitedSchool(*character, caster, spell); !refused.isEmpty())
+        return CliContext::Fail(refused);
     if (caster.record->HasCasterFlag(DSpellCaster::kCasterKnowsList) &&
         !knows(*character, caster, spell.guid))
         return CliContext::Fail(
@@ -307,9 +346,12 @@ void CharacterSpells::Describe(const DCharacter& character, QJsonObject& descrip
 void CharacterSpells::Print(const QJsonObject& description) {
     for (const QJsonValue value : description["casters"].toArray()) {
         const QJsonObject caster = value.toObject();
-        CliContext::PrintLine(QStringLiteral("Spells:     %1, caster level %2")
+        CliContext::PrintLine(QStringLiteral("Spells:     %1, caster level %2%3")
                                   .arg(caster["class"].toString())
-                                  .arg(caster["caster_level"].toInt()));
+                                  .arg(caster["caster_level"].toInt())
+                                  .arg(caster["fallen"].toBool()
+                                           ? QStringLiteral(" (fallen: no spells until it atones)")
+                                           : QString()));
         QStringList perDay, canKnow;
         const QJsonArray day = caster["per_day"].toArray();
         const QJsonArray extra = caster["extra_per_day"].toArray();

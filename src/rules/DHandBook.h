@@ -472,8 +472,7 @@ public:
     static void AdvanceCharacter(DCharacter* character);
     // Strength, Dexterity, Constitution, natural armor, size and natural attack dice from one
     // size to another.
-    static void AdvanceCharacter(DCharacter* character, int oldSizeId, int newSizeId,
-                                 bool initial);
+    static void AdvanceCharacter(DCharacter* character, int oldSizeId, int newSizeId, bool initial);
     static void AdvanceNaturalAttacks(DCharacter* character, int oldSizeId, int newSizeId);
 
     // --- Character setup and level-up ---------------------------------------------------------
@@ -521,6 +520,12 @@ public:
     // the first class level stay: false when nothing else is left. Choices made for the level
     // (ranks, feats, spells) are not taken back.
     static bool RemoveCharacterLevel(DCharacter* character, bool notify);
+    // The class falls (fallen true) or atones: every history entry of it takes or loses the
+    // ex-class flag, as a level-up of an ex class would leave it, and the features and caster
+    // flags follow at once; an atoned class gets all its features back. False when the
+    // character lacks the class or it already stands so.
+    static bool SetClassFallen(DCharacter* character, const QUuid& classGuid, bool fallen,
+                               bool notify);
     // A class or hit-die level as text: the usual fractions of a die as "1/8", "1/6", "1/4",
     // "1/3", "1/2", anything else as a plain number ("3", "2.5").
     static QString BuildFractionString(float value);

@@ -17,11 +17,14 @@
 #include "DRace.h"
 #include "DRuleGuids.h"
 #include "DRulesQuery.h"
+#include "DSchoolInfo.h"
 #include "DSkillInfo.h"
 #include "DSpellCaster.h"
 #include "ResultSet.h"
 
 #include <algorithm>
+#include <map>
+#include <utility>
 
 namespace {
 
@@ -72,7 +75,15 @@ enum : int {
     kRequireFeat = 2,
     kRequireSkill = 3,
     kRequireAlignment = 4,
+    kRequireSpells = 5,
+    kRequireClassLevel = 6,
+    kRequireProficiency = 7,
+    kRequireLanguage = 8,
 };
+
+// "[types Spell Caster]" rows, and the row table of their names.
+constexpr int kAnyCasterType = 0;
+constexpr int kTableSpellCasterTypes = 41;
 
 constexpr unsigned kLanguageFromFeature = 0x8;
 constexpr unsigned kFeatFromFeature = 0x8;
@@ -208,8 +219,8 @@ int RaceFamily(const DCharacter* character) {
     return race ? race->GetRaceFamilyId() : -1;
 }
 
-float SkillRanks(const DCharacter* character, const QUuid& skill) {
-    const DChosenSkill* chosen = character->GetSkillPointer(skill, QUuid());
+float SkillRanks(const DCharacter* character, const QUuid& skill, const QUuid& subSkill) {
+    const DChosenSkill* chosen = character->GetSkillPointer(skill, subSkill);
     return chosen ? chosen->GetTotalRanks() : 0.0f;
 }
 
@@ -220,6 +231,13 @@ struct Requirement {
     QUuid feat;
     QUuid skill;
     int alignment = -1;
+    QUuid subSkill;
+    int school = -1;
+    QUuid spell;
+    int castType = kAnyCasterType;
+    QUuid classGuid;
+    int anyOf = 0;
+    QUuid language;
 };
 
 std::vector<Requirement> ReadRequirements(const QUuid& classGuid) {
@@ -235,9 +253,56 @@ std::vector<Requirement> ReadRequirements(const QUuid& classGuid) {
                               read.feat = row->getGUID(QStringLiteral("FeatId"));
                               read.skill = row->getGUID(QStringLiteral("SkillId"));
                               read.alignment = row->getInt(QStringLiteral("AlignmentId"));
+                              read.subSkill = row->getGUID(QStringLiteral("SubSkillId"));
+                              read.school = row->getInt(QStringLiteral("SchoolId"));
+                              read.spell = row->getGUID(QStringLiteral("SpellId"));
+                              read.castType = row->getInt(QStringLiteral("CastType"));
+                              read.classGuid = row->getGUID(QStringLiteral("ClassId"));
+                              read.anyOf = row->getInt(QStringLiteral("AnyOf"));
+                              read.language = row->getGUID(QStringLiteral("LanguageId"));
                               rows.push_back(read);
                           });
     return rows;
+}
+
+// The highest spell level that the casting classes of the type reach; any type for 0.
+int MaxSpellLevelOfType(DCharacter* character, int castType) {
+    if (castType != kAnyCasterType)
+        return DHandBook::GetMaxSpellLevelForCasterType(character, castType);
+    int best = -1;
+    for (const DCharacterClass* characterClass : character->GetClassList()) {
+        if (characterClass->HasCasterFlag(DSpellCaster::kCasterCasts))
+            best = std::max(best, DHandBook::GetMaxSpellLevelBasedOnPerDay(characterClass));
+    }
+    return best;
+}
+
+// Whether a casting class has the spell on its list at a level it casts.
+bool CanCastSpell(DCharacter* character, const QUuid& spell, int castType) {
+    for (const DCharacterClass* characterClass : character->GetClassList()) {
+        const DClassInfo* info = DDatabase::GetClassInfoA(characterClass->GetClassGuid());
+        if (!info || !characterClass->HasCasterFlag(DSpellCaster::kCasterCasts) ||
+            (castType != kAnyCasterType && info->mCastType != castType))
+            continue;
+        // The wizard casts from the sorcerer's list.
+        const QUuid list = characterClass->GetClassGuid() == kWizardClass
+                               ? kSharedListCasterClass
+                               : characterClass->GetClassGuid();
+        int level = -1;
+        DDatabase::FirstRow(
+            QString::asprintf("SELECT Min([Level]) FROM %s WHERE (Id=%s) AND (ClassId=%s)",
+                              DRulesQuery::Table(kTableSpellLevel).constData(),
+                              DRulesQuery::Guid(spell).constData(),
+                              DRulesQuery::Guid(list).constData()),
+            [&level](odbc::ResultSet* row) {
+                const int value = row->getInt(1);
+                if (!row->wasNull())
+                    level = value;
+            });
+        if (level >= 0 && level <= DHandBook::GetMaxSpellLevelBasedOnPerDay(characterClass))
+            return true;
+    }
+    return false;
 }
 
 bool MeetsRow(DCharacter* character, const Requirement& row) {
@@ -245,25 +310,101 @@ bool MeetsRow(DCharacter* character, const Requirement& row) {
     case kRequireBaseAttack:
         return character->GetCharacterStat(kStatBaseAttack) >= row.data;
     case kRequireFeat:
-        return character->HasFeat(row.feat, QUuid(), QUuid());
+        return row.school >= 0 ? character->HasFeat(row.feat, row.school, -1)
+                               : character->HasFeat(row.feat, QUuid(), QUuid());
     case kRequireSkill:
-        return SkillRanks(character, row.skill) >= float(row.data);
+        return SkillRanks(character, row.skill, row.subSkill) >= float(row.data);
+    case kRequireSpells:
+        return row.spell.isNull() ? MaxSpellLevelOfType(character, row.castType) >= row.data
+                                  : CanCastSpell(character, row.spell, row.castType);
+    case kRequireClassLevel:
+        return character->GetClassLevel(row.classGuid) >= row.data;
+    case kRequireProficiency:
+        return (character->GetProfFlags() & unsigned(row.data)) == unsigned(row.data);
+    case kRequireLanguage:
+        return character->GetLanguagePointer(row.language) != nullptr;
     default:
         return true;
     }
+}
+
+QString SubSkillName(const QUuid& subSkill) {
+    QString name = subSkill.toString();
+    DDatabase::FirstRow(QString::asprintf("SELECT Name FROM %s WHERE (SubGuid=%s)",
+                                          DRulesQuery::Table(kTableSkillSub).constData(),
+                                          DRulesQuery::Guid(subSkill).constData()),
+                        [&name](odbc::ResultSet* row) { name = row->getString(1); });
+    return name;
+}
+
+QString NameByGuid(int table, const QUuid& guid) {
+    QString name = guid.toString();
+    DDatabase::FirstRow(QString::asprintf("SELECT Name FROM %s WHERE (Guid=%s)",
+                                          DRulesQuery::Table(table).constData(),
+                                          DRulesQuery::Guid(guid).constData()),
+                        [&name](odbc::ResultSet* row) { name = row->getString(1); });
+    return name;
+}
+
+QString ProficiencyText(int flags) {
+    static constexpr std::pair<int, const char*> kNames[] = {
+        {1, "simple weapons"}, {2, "martial weapons"}, {8, "light armor"},
+        {16, "medium armor"},  {32, "heavy armor"},    {64, "shields"}};
+    QStringList names;
+    for (const auto& [flag, name] : kNames) {
+        if (flags & flag)
+            names << QString::fromLatin1(name);
+    }
+    return QStringLiteral("proficiency with all %1").arg(names.join(QStringLiteral(", ")));
 }
 
 QString DescribeRow(const Requirement& row) {
     switch (row.type) {
     case kRequireBaseAttack:
         return QStringLiteral("base attack +%1").arg(row.data);
-    case kRequireFeat:
-        return FeatName(row.feat);
+    case kRequireFeat: {
+        const DSchoolInfo* school =
+            row.school >= 0 ? DDatabase::GetSchoolInfo(row.school) : nullptr;
+        return school ? QStringLiteral("%1 (%2)").arg(FeatName(row.feat), school->GetSchoolName())
+                      : FeatName(row.feat);
+    }
     case kRequireSkill:
-        return QStringLiteral("%1 %2 ranks").arg(SkillName(row.skill)).arg(row.data);
+        return QStringLiteral("%1 %2 ranks")
+            .arg(row.subSkill.isNull() ? SkillName(row.skill)
+                                       : QStringLiteral("%1 (%2)").arg(SkillName(row.skill),
+                                                                       SubSkillName(row.subSkill)))
+            .arg(row.data);
+    case kRequireSpells:
+        if (!row.spell.isNull())
+            return QStringLiteral("able to cast %1").arg(NameByGuid(kTableSpell, row.spell));
+        return row.castType == kAnyCasterType
+                   ? QStringLiteral("spells of level %1").arg(row.data)
+                   : QStringLiteral("%1 spells of level %2")
+                         .arg(NameById(kTableSpellCasterTypes, row.castType).toLower())
+                         .arg(row.data);
+    case kRequireClassLevel: {
+        const DClassInfo* info = DDatabase::GetClassInfoA(row.classGuid);
+        return QStringLiteral("%1 level %2")
+            .arg(info ? QString(info->mName) : row.classGuid.toString())
+            .arg(row.data);
+    }
+    case kRequireProficiency:
+        return ProficiencyText(row.data);
+    case kRequireLanguage:
+        return QStringLiteral("speaks %1").arg(NameByGuid(kTableLanguage, row.language));
     default:
         return {};
     }
+}
+
+// Whether each any-of group of the rows has a row the character meets, by group number.
+std::map<int, bool> AnyOfGroupsMet(DCharacter* character, const std::vector<Requirement>& rows) {
+    std::map<int, bool> met;
+    for (const Requirement& row : rows) {
+        if (row.anyOf > 0)
+            met[row.anyOf] = met[row.anyOf] || MeetsRow(character, row);
+    }
+    return met;
 }
 
 // The hard-wired requirements of the Arcane Archer and the Loremaster that fail.
@@ -662,9 +803,12 @@ bool DHandBook::DoesCharacterMeetClassPrereqs(DCharacter* character, const QUuid
         return false;
     bool ok = true;
     bool raceAsked = false, raceMet = false, alignmentAsked = false, alignmentMet = false;
-    for (const Requirement& row : ReadRequirements(classGuid)) {
+    const std::vector<Requirement> rows = ReadRequirements(classGuid);
+    for (const Requirement& row : rows) {
         if (!ok)
             break;
+        if (row.anyOf > 0)
+            continue;
         if (row.type == kRequireRace) {
             if (!raceMet) {
                 raceAsked = true;
@@ -681,6 +825,8 @@ bool DHandBook::DoesCharacterMeetClassPrereqs(DCharacter* character, const QUuid
     }
     if ((raceAsked && !raceMet) || (alignmentAsked && !alignmentMet))
         ok = false;
+    for (const auto& [group, met] : AnyOfGroupsMet(character, rows))
+        ok = ok && met;
     return ok && FailingHardWired(character, classGuid).isEmpty();
 }
 
@@ -690,8 +836,21 @@ QStringList DHandBook::GetFailingClassPrereqs(DCharacter* character, const QUuid
         return failing;
     QStringList races, alignments;
     bool raceMet = false, alignmentMet = false;
-    for (const Requirement& row : ReadRequirements(classGuid)) {
-        if (row.type == kRequireRace) {
+    const std::vector<Requirement> rows = ReadRequirements(classGuid);
+    const std::map<int, bool> groupsMet = AnyOfGroupsMet(character, rows);
+    std::map<int, QStringList> groupTexts;
+    for (const Requirement& row : rows) {
+        if (row.anyOf > 0)
+            groupTexts[row.anyOf] << DescribeRow(row);
+    }
+    for (const Requirement& row : rows) {
+        if (row.anyOf > 0) {
+            // A failing group is named once, where its first row stands.
+            QStringList& texts = groupTexts[row.anyOf];
+            if (!groupsMet.at(row.anyOf) && !texts.isEmpty())
+                failing << QStringLiteral("one of: %1").arg(texts.join(QStringLiteral(", ")));
+            texts.clear();
+        } else if (row.type == kRequireRace) {
             races << NameById(kTableRaceFamily, row.raceId);
             raceMet = raceMet || RaceFamily(character) == row.raceId;
         } else if (row.type == kRequireAlignment) {
@@ -747,6 +906,10 @@ int DHandBook::GetMaxSpellLevelForSchool(DCharacter* character, int school) {
         if (perDay < 0)
             continue;
         const QUuid guid = characterClass->GetClassGuid();
+        // A specialist wizard casts nothing of the schools it gave up.
+        if (guid == DDatabase::kWizardClassGuid &&
+            character->GetProhibitedSchoolArray().Find(school) >= 0)
+            continue;
         int level = GetMaxSpellLevelForClassAndSchool(guid, school);
         if (guid == DDatabase::kWizardClassGuid)
             level = std::max(level, GetMaxSpellLevelForClassAndSchool(

@@ -18,6 +18,9 @@
 
 namespace {
 
+// The barbarian's rage, the feature group a fall of that class takes.
+constexpr DFeatureGroupType kRageFeatureGroup = 1;
+
 // Feats of "[types Feat Stacking]" row 1 add up into one record instead of standing apart.
 constexpr int kFeatStacksByCount = 1;
 
@@ -257,6 +260,37 @@ bool DHandBook::RemoveCharacterLevel(DCharacter* character, bool notify) {
     character->RemoveCharacterFlag(kCharFlagSetupMask);
     RecomputeAfterLevels(character, false);
     RestorePreviousLevels(character);
+    if (notify)
+        character->HandleHasChanged();
+    return true;
+}
+
+bool DHandBook::SetClassFallen(DCharacter* character, const QUuid& classGuid, bool fallen,
+                               bool notify) {
+    DCharacterClass* characterClass = character ? character->GetClassPointer(classGuid) : nullptr;
+    if (!characterClass || characterClass->GetIsExClass() == fallen)
+        return false;
+    // The entries carry the state, so that a replay of the history finds it again.
+    for (DCharHistory* entry : character->GetHistoryArray()) {
+        if (entry->GetClassGuid() == classGuid)
+            entry->SetIsExClass(fallen);
+    }
+    characterClass->SetIsExClass(fallen);
+    if (fallen) {
+        // What a fall takes: all of a paladin's or druid's features, a barbarian's rage.
+        if (classGuid == DRuleGuids::kPaladinClass || classGuid == DRuleGuids::kDevoutClass)
+            RemoveAutoFeaturesForClass(character, characterClass);
+        else if (classGuid == DRuleGuids::kFastMovementClass)
+            RemoveAutoFeaturesInGroup(character, characterClass, kRageFeatureGroup);
+    } else {
+        // The class's features come again from its first level; those a fall left are taken
+        // away first, so that none stands twice.
+        RemoveAutoFeaturesForClass(character, characterClass);
+        characterClass->SetHasAtoned(true);
+        AddAutoFeaturesForClass(character, characterClass);
+    }
+    ComputeAndSetSpellData(character);
+    character->AddChangeFlag(kChangeSpellsPerDay);
     if (notify)
         character->HandleHasChanged();
     return true;

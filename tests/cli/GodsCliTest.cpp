@@ -116,9 +116,27 @@ TEST_F(GodsCli, ASpecialistWizardNamesItsProhibitedSchools) {
     EXPECT_EQ(caster["extra_per_day"].toArray()[0].toInt(), 1);
     EXPECT_EQ(caster["extra_per_day"].toArray()[1].toInt(), 1);
     EXPECT_EQ(caster["extra_per_day"].toArray()[2].toInt(), 0);
-    // A diviner gives up one school only.
+    // Sleep is enchantment and Color Spray illusion, both given up; Magic Missile is evocation.
+    // Universal is no school of a specialist.
+    ExpectRefusals(file,
+                   {{{"add-spell", "Sleep"},
+                     "Sleep is a spell of Enchantment, a school the wizard has "
+                     "prohibited"},
+                    {{"add-spell", "Color Spray"}, "Color Spray is a spell of Illusion, a school"},
+                    {{"set-school", "Universal", "--prohibit", "Necromancy,Illusion"},
+                     "Universal is not a school to specialize in or prohibit"},
+                    {{"set-school", "Evocation", "--prohibit", "Universal,Illusion"},
+                     "Universal is not a school to specialize in or prohibit"}});
+    Ok({"add-spell", file, "Magic Missile"});
+    // A school with a spell in the book can no longer be given up.
+    ExpectRefusals(file, {{{"set-school", "Conjuration", "--prohibit", "Evocation,Illusion"},
+                           "the spellbook holds Magic Missile, a spell of Evocation"}});
+    // A diviner gives up one school only; enchantment is open to it again.
     Ok({"set-school", file, "Divination", "--prohibit", "Necromancy"});
     EXPECT_EQ(Strings(Show(file)["prohibited"]), QStringList({"Necromancy"}));
+    Ok({"add-spell", file, "Sleep"});
+    ExpectRefusals(file, {{{"add-spell", "Ray of Enfeeblement"},
+                           "Ray of Enfeeblement is a spell of Necromancy"}});
     EXPECT_EQ(
         Strings(Show(file)["proficiencies"].toObject()["weapons"]),
         QStringList({"Club", "Crossbow, heavy", "Crossbow, light", "Dagger", "Quarterstaff"}));

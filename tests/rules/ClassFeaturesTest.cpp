@@ -346,11 +346,39 @@ TEST_F(ClassFeaturesTest, PrestigeRequirementsNameEveryFailure) {
     Ref<DCharacter> novice = Levels("Fighter", 1);
     EXPECT_TRUE(DHandBook::GetFailingClassPrereqs(novice.get(), archer)
                     .contains(QStringLiteral("base attack +6")));
-    // No rows at all: the class is open; a prestige class without them is known as such.
+    // No rows at all: the class is open, and known to have none.
     EXPECT_TRUE(DHandBook::DoesCharacterMeetClassPrereqs(novice.get(), ClassGuid("Fighter")));
-    EXPECT_FALSE(DHandBook::HasClassPrereqData(ClassGuid("Eldritch Knight")));
+    EXPECT_FALSE(DHandBook::HasClassPrereqData(ClassGuid("Fighter")));
     EXPECT_TRUE(DHandBook::HasClassPrereqData(archer));
     EXPECT_TRUE(DHandBook::HasClassPrereqData(DRuleGuids::kLoremasterClass));
+}
+
+TEST_F(ClassFeaturesTest, SpellAndProficiencyRowsGiveTheSameAnswerBothWays) {
+    // Fighter 1 / wizard 5: martial weapons from the fighter; with Int 10 the wizard casts no
+    // 1st-level spell, with Int 14 one 3rd-level spell (table 1, bonus 0). A wizard 5 alone
+    // has the spells but not the weapons.
+    const QUuid knight = ClassGuid("Eldritch Knight");
+    const QStringList classes = {"Fighter", "Wizard", "Wizard", "Wizard", "Wizard", "Wizard"};
+    Ref<DCharacter> both = LevelledCharacter(mHuman.get(), classes);
+    Ref<DCharacter> wizard = LevelledCharacter(mHuman.get(), classes.mid(1));
+    struct Case {
+        DCharacter* character;
+        int intelligence;
+        QStringList failing;
+    };
+    const Case cases[] = {
+        {both.get(), 10, {"arcane spells of level 3"}},
+        {both.get(), 14, {}},
+        {wizard.get(), 14, {"proficiency with all martial weapons"}},
+    };
+    for (const Case& c : cases) {
+        c.character->SetAbilityStatBase(kAbilityIntelligence, c.intelligence);
+        c.character->SetAbilityStatBonus(kAbilityIntelligence, 0);
+        DHandBook::ComputeAndSetSpellData(c.character);
+        EXPECT_EQ(DHandBook::GetFailingClassPrereqs(c.character, knight), c.failing);
+        EXPECT_EQ(DHandBook::DoesCharacterMeetClassPrereqs(c.character, knight),
+                  c.failing.isEmpty());
+    }
 }
 
 } // namespace

@@ -809,8 +809,11 @@ CREATE TABLE [info Class Features] (
     UNIQUE (ClassId, Level, FeatureId, DataGuid)
 );
 
--- Id is the class. RequireType 0 race family, 1 base attack, 2 feat, 3 skill ranks,
--- 4 alignment (several race or alignment rows are alternatives).
+-- Id is the class. RequireType 0 race family, 1 base attack, 2 feat (for SchoolId when it
+-- is 0 or more), 3 skill ranks (of SubSkillId when given), 4 alignment (several race or
+-- alignment rows are alternatives), 5 spells: SpellId castable, or else spells of level Data
+-- of caster type CastType (0 any), 6 Data levels of ClassId, 7 the proficiency flags Data,
+-- 8 speaks LanguageId. Rows sharing an AnyOf number above 0 are alternatives: one will do.
 CREATE TABLE [info Class Requirements] (
     Id VARCHAR(38) NOT NULL REFERENCES [info Class] (Guid),
     RequireType INTEGER NOT NULL,
@@ -818,7 +821,14 @@ CREATE TABLE [info Class Requirements] (
     Data INTEGER NOT NULL DEFAULT 0,
     FeatId VARCHAR(38) REFERENCES [info Feat] (Guid),
     SkillId VARCHAR(38) REFERENCES [info Skill] (Guid),
-    AlignmentId INTEGER NOT NULL DEFAULT -1
+    AlignmentId INTEGER NOT NULL DEFAULT -1,
+    SubSkillId VARCHAR(38) REFERENCES [info Skill Sub] (SubGuid),
+    SchoolId INTEGER NOT NULL DEFAULT -1 REFERENCES [info Spell Schools] (Id),
+    SpellId VARCHAR(38) REFERENCES [info Spell] (Guid),
+    CastType INTEGER NOT NULL DEFAULT 0 REFERENCES [types Spell Caster] (Id),
+    ClassId VARCHAR(38) REFERENCES [info Class] (Guid),
+    AnyOf INTEGER NOT NULL DEFAULT 0,
+    LanguageId VARCHAR(38) REFERENCES [info Language] (Guid)
 );
 
 CREATE TABLE [info Class Bonus Feats] (
