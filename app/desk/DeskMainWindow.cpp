@@ -11,7 +11,9 @@
 #include "TreasureDialog.h"
 
 #include "D_UICharRollDialog.h"
+#include "D_UICharacterGenFrame.h"
 #include "D_UIMonsterAdvanceDialog.h"
+#include "D_UIMonsterGenFrame.h"
 
 #include "DCharFlags.h"
 #include "DCharStatType.h"
@@ -110,6 +112,8 @@ void DeskMainWindow::BuildMenus() {
         dice->activateWindow();
     });
     tools->addAction(tr("&Tables..."), this, [this] { OpenTables(); });
+    tools->addAction(tr("&Character Generator..."), this, [this] { OpenGenerator(false); });
+    tools->addAction(tr("&Monster Generator..."), this, [this] { OpenGenerator(true); });
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About Hoard"), this, &DeskMainWindow::ShowAbout);
 }
@@ -456,4 +460,35 @@ QWidget* DeskMainWindow::OpenTables(const QString& rollName) {
     tables->raise();
     tables->activateWindow();
     return tables;
+}
+
+QWidget* DeskMainWindow::OpenGenerator(bool monsters) {
+    // One window of each kind: asking again brings it forward.
+    QWidget* frame = monsters ? static_cast<QWidget*>(findChild<D_UIMonsterGenFrame*>())
+                              : static_cast<QWidget*>(findChild<D_UICharacterGenFrame*>());
+    if (!frame) {
+        const auto show = [this](DCharacter* character, const QString& title) {
+            character->Retain();
+            SetCurrentCharacter(character, QString());
+            setWindowTitle(
+                tr("Hoard - %1 (%2)").arg(QString(character->GetCharacterName()), title));
+            raise();
+            activateWindow();
+        };
+        if (monsters) {
+            auto* generator = new D_UIMonsterGenFrame(this);
+            connect(generator, &D_UIMonsterGenFrame::monsterBuilt, this, show);
+            frame = generator;
+        } else {
+            auto* generator = new D_UICharacterGenFrame(this);
+            connect(generator, &D_UICharacterGenFrame::characterBuilt, this, show);
+            frame = generator;
+        }
+        frame->setWindowFlag(Qt::Window);
+        frame->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    frame->show();
+    frame->raise();
+    frame->activateWindow();
+    return frame;
 }

@@ -29,6 +29,8 @@ public:
     void OpenPrintPreview(const QString& style);
     // Tools → Tables…; with a name, that table is selected and rolled once.
     QWidget* OpenTables(const QString& rollName = QString());
+    // Tools → Character Generator… or Monster Generator…
+    QWidget* OpenGenerator(bool monsters);
 
 private slots:
     void ChooseFileToOpen();

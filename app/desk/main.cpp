@@ -1,10 +1,13 @@
 #include "DeskMainWindow.h"
 
 #include "DOptions.h"
+#include "D_UICharacterGenFrame.h"
+#include "D_UIMonsterGenFrame.h"
 #include "FCRandom.h"
 #include "TableGenFrame.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QTimer>
@@ -26,6 +29,29 @@ bool asksOnlyForText(int argc, char* argv[]) {
             return true;
     }
     return false;
+}
+
+// The generator window of the kind with something in it, for a picture.
+QWidget* OpenGeneratorForCheck(DeskMainWindow& window, const QString& kind, bool statBlock) {
+    if (kind == QLatin1String("character")) {
+        auto* frame = static_cast<D_UICharacterGenFrame*>(window.OpenGenerator(false));
+        for (const char* name : {"mRandomClass", "mRandomRace", "mRandomAlignment", "mAppendBox"})
+            frame->findChild<QCheckBox*>(QLatin1String(name))->setChecked(true);
+        for (int i = 0; i < 4; ++i)
+            frame->Generate();
+        if (statBlock)
+            frame->ShowStatBlockTab();
+        return frame;
+    }
+    if (kind != QLatin1String("monster") && !kind.startsWith(QLatin1String("monster:")))
+        return nullptr;
+    auto* frame = static_cast<D_UIMonsterGenFrame*>(window.OpenGenerator(true));
+    const QString name = kind.section(QLatin1Char(':'), 1);
+    if (!name.isEmpty() && !frame->SelectMonster(name))
+        return nullptr;
+    if (statBlock)
+        frame->ShowStatBlockTab();
+    return frame;
 }
 
 } // namespace
@@ -66,8 +92,13 @@ int main(int argc, char* argv[]) {
         "print-preview", "Open the print preview with the style sheet STYLE.", "STYLE");
     const QCommandLineOption tablesOption("tables", "Open the table window and roll NAME once.",
                                           "NAME");
+    const QCommandLineOption generatorOption(
+        "generator",
+        "Open the character generator (\"character\": four random rows) or the monster "
+        "generator (\"monster\" or \"monster:NAME\" with NAME selected).",
+        "KIND");
     parser.addOptions({dataOption, userOption, dbOption, quitOption, grabOption, statBlockOption,
-                       previewOption, tablesOption});
+                       previewOption, tablesOption, generatorOption});
     parser.addPositionalArgument("file", "A character file to open.", "[file]");
     parser.process(app);
 
@@ -86,6 +117,15 @@ int main(int argc, char* argv[]) {
         parser.isSet(tablesOption) ? window.OpenTables(parser.value(tablesOption)) : nullptr;
     if (auto* frame = qobject_cast<TableGenFrame*>(tables); frame && parser.isSet(statBlockOption))
         frame->ShowStatBlockTab();
+    if (parser.isSet(generatorOption)) {
+        const QString kind = parser.value(generatorOption);
+        tables = OpenGeneratorForCheck(window, kind, parser.isSet(statBlockOption));
+        if (!tables) {
+            qCritical("--generator: '%s' is not character, monster or monster:NAME",
+                      qPrintable(kind));
+            return 1;
+        }
+    }
     if (parser.isSet(quitOption)) {
         const QString screenshot = parser.value(grabOption);
         QTimer::singleShot(

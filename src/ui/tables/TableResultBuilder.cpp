@@ -63,24 +63,6 @@ FCRef<DCharacter> buildMonster(const DTableResult& result, QString& error) {
     return monster;
 }
 
-void applyAlignment(DCharacter& character, int alignment) {
-    character.SetAlignmentId(alignment);
-    const int classes = character.GetClassCount();
-    for (int i = 0; i < classes; ++i) {
-        DCharacterClass* characterClass = character.GetClassAtPosition(i);
-        // A single first level taken before the others is no longer the character's calling.
-        if (i == 0 && classes >= 2 && characterClass->GetLevel() <= 1.0f)
-            continue;
-        // The setup pass reads a class's ex state from its history entries.
-        const bool ex = !DHandBook::GetIsValidAlignment(characterClass->GetClassGuid(), alignment);
-        characterClass->SetIsExClass(ex);
-        for (DCharHistory* entry : character.GetHistoryArray()) {
-            if (entry->GetClassGuid() == characterClass->GetClassGuid())
-                entry->SetIsExClass(ex);
-        }
-    }
-}
-
 FCRef<DCharacter> buildCharacter(const DTableResult& result, QString& error) {
     FCRef<DCharacter> character = loadCharacter(result.file, error);
     if (!character)
@@ -103,7 +85,7 @@ FCRef<DCharacter> buildCharacter(const DTableResult& result, QString& error) {
         changed = true;
     }
     if (result.alignment != 0) {
-        applyAlignment(*character, result.alignment);
+        TableResultBuilder::ApplyAlignment(*character, result.alignment);
         changed = true;
     }
     if (changed)
@@ -146,6 +128,24 @@ FCRef<DTreasure> TableResultBuilder::BuildTreasure(const DTableResult& result, Q
     }
     DTreasureGenerator::GenerateTreasure(treasure.get(), result.level);
     return treasure;
+}
+
+void TableResultBuilder::ApplyAlignment(DCharacter& character, int alignment) {
+    character.SetAlignmentId(alignment);
+    const int classes = character.GetClassCount();
+    for (int i = 0; i < classes; ++i) {
+        DCharacterClass* characterClass = character.GetClassAtPosition(i);
+        // A single first level taken before the others is no longer the character's calling.
+        if (i == 0 && classes >= 2 && characterClass->GetLevel() <= 1.0f)
+            continue;
+        // The setup pass reads a class's ex state from its history entries.
+        const bool ex = !DHandBook::GetIsValidAlignment(characterClass->GetClassGuid(), alignment);
+        characterClass->SetIsExClass(ex);
+        for (DCharHistory* entry : character.GetHistoryArray()) {
+            if (entry->GetClassGuid() == characterClass->GetClassGuid())
+                entry->SetIsExClass(ex);
+        }
+    }
 }
 
 QString TableResultBuilder::Title(const DTableResult& result) {

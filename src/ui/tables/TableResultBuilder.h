@@ -22,6 +22,9 @@ public:
     // encounter level added; the stored one alone when the row names no level.
     static FCRef<DTreasure> BuildTreasure(const DTableResult& result, QString& error);
 
+    // Sets the alignment and marks each class the alignment does not allow as ex-class (a
+    // single first level taken before other classes excepted). The caller runs the setup.
+    static void ApplyAlignment(DCharacter& character, int alignment);
     // The title a built object's window takes: "Generated Monster" and so on.
     static QString Title(const DTableResult& result);
     // A treasure as HTML lines: its coins, each item with its price, the total.
