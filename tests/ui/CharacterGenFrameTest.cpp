@@ -1,0 +1,268 @@
+// The character generator over the ready data, and over tables of 1d1 dice where every pick
+// is known by hand.
+#include "D_UICharacterGenFrame.h"
+
+#include "DCharacter.h"
+#include "DCharacterClass.h"
+#include "DClassInfo.h"
+#include "DDatabase.h"
+#include "DFailureReporter.h"
+#include "DFileObject.h"
+#include "DHandBook.h"
+#include "DObjectManager.h"
+#include "DOptions.h"
+#include "DRace.h"
+#include "DTable.h"
+#include "DTableText.h"
+#include "FCRandom.h"
+#include "FCReleaser.h"
+#include "TestSupport.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class CharacterGenFrameTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(mUser.isValid());
+        ASSERT_TRUE(QDir(mUser.path()).mkpath("Characters"));
+        DFailureReporter::SetQuiet(true);
+        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
+        DOptions::SetUserDataPath(FCString(mUser.path()));
+        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
+        DObjectManager::StartUp();
+    }
+    void TearDown() override {
+        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
+        DDatabase::ShutDown();
+        DFailureReporter::SetQuiet(false);
+    }
+
+    template <typename T> static T* child(const QWidget& frame, const char* name) {
+        auto* widget = frame.findChild<T*>(QLatin1String(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+    // Fixes race, class, alignment and level.
+    static void choose(const QWidget& frame, const QString& race, const QString& className,
+                       const QString& alignment, int level) {
+        for (const auto& [name, text] :
+             {std::pair{"mRaceCombo", race}, std::pair{"mClassCombo", className},
+              std::pair{"mAlignmentCombo", alignment}}) {
+            auto* combo = child<QComboBox>(frame, name);
+            const int index = combo->findText(text);
+            ASSERT_GE(index, 0) << text.toStdString();
+            combo->setCurrentIndex(index);
+        }
+        child<QSpinBox>(frame, "mLevel")->setValue(level);
+    }
+    // "Race|Class|Alignment|Level|Number" for each row.
+    static QStringList rows(const QWidget& frame) {
+        const auto* list = child<QTreeWidget>(frame, "mList");
+        QStringList result;
+        for (int i = 0; i < list->topLevelItemCount(); ++i) {
+            QStringList cells;
+            for (int c = 0; c < 5; ++c)
+                cells << list->topLevelItem(i)->text(c);
+            result << cells.join('|');
+        }
+        return result;
+    }
+
+    QTemporaryDir mUser;
+};
+
+QUuid classGuid(const QString& name) {
+    for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
+        if (static_cast<const DClassInfo*>(info)->mName == name)
+            return guid;
+    }
+    return QUuid();
+}
+
+void saveTable(const QString& folder, const QString& name, const QString& text) {
+    FCRef<DTable> table(new DTable());
+    int line = 0;
+    QString error;
+    ASSERT_TRUE(DTableText::Parse(text, *table, line, error)) << error.toStdString();
+    ASSERT_TRUE(table->SaveToFile(FCString(folder + "/" + name + ".tbl")));
+}
+
+} // namespace
+
+// Equal requests count up in one row; without "Append" each press starts the list anew.
+TEST_F(CharacterGenFrameTest, EqualRequestsCountUp) {
+    const struct {
+        bool append;
+        QStringList afterSecond;
+    } cases[] = {
+        {false, {"Dwarf|Fighter|Lawful Good|3|1"}},
+        {true, {"Dwarf|Fighter|Lawful Good|3|2"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.append);
+        D_UICharacterGenFrame frame;
+        choose(frame, "Dwarf", "Fighter", "Lawful Good", 3);
+        child<QCheckBox>(frame, "mAppendBox")->setChecked(c.append);
+        auto* generate = child<QPushButton>(frame, "mGenerateButton");
+        generate->click();
+        EXPECT_EQ(rows(frame), QStringList{"Dwarf|Fighter|Lawful Good|3|1"});
+        generate->click();
+        EXPECT_EQ(rows(frame), c.afterSecond);
+        // Another level is another request.
+        child<QSpinBox>(frame, "mLevel")->setValue(4);
+        generate->click();
+        EXPECT_EQ(rows(frame).size(), c.append ? 2 : 1);
+    }
+}
+
+TEST_F(CharacterGenFrameTest, AlignmentGroups) {
+    const struct {
+        const char* alignment;
+        const char* group;
+    } cases[] = {{"Lawful Good", "Good"},
+                 {"Chaotic Good", "Good"},
+                 {"Neutral Evil", "Evil"},
+                 {"Neutral", "Neutral"},
+                 {"Chaotic Neutral", "Neutral"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(D_UICharacterGenFrame::AlignmentGroup(c.alignment), QString(c.group))
+            << c.alignment;
+}
+
+// Drawn picks from the ready tables keep together: the alignment is of the drawn group, the
+// class is one that group's class table names (paladins only for the good), the race one of
+// the seven player races the race tables name.
+TEST_F(CharacterGenFrameTest, RandomPicksComeFromTheGroupsTables) {
+    const QMap<QString, QStringList> alignments{
+        {"Good", {"Lawful Good", "Neutral Good", "Chaotic Good"}},
+        {"Evil", {"Lawful Evil", "Neutral Evil", "Chaotic Evil"}},
+        {"Neutral", {"Lawful Neutral", "Neutral", "Chaotic Neutral"}}};
+    const QStringList classes{"Barbarian", "Bard",   "Cleric", "Druid",    "Fighter", "Monk",
+                              "Paladin",   "Ranger", "Rogue",  "Sorcerer", "Wizard"};
+    const QStringList races{"Dwarf", "Elf", "Gnome", "Half-Elf", "Half-Orc", "Halfling", "Human"};
+    FC::SeedRandom(1919);
+    D_UICharacterGenFrame frame;
+    for (const char* name : {"mRandomClass", "mRandomRace", "mRandomAlignment", "mAppendBox"})
+        child<QCheckBox>(frame, name)->setChecked(true);
+    EXPECT_FALSE(child<QComboBox>(frame, "mClassCombo")->isEnabled());
+    for (int i = 0; i < 30; ++i)
+        frame.Generate();
+    const QStringList found = rows(frame);
+    ASSERT_FALSE(found.isEmpty());
+    QSet<QString> groups;
+    for (const QString& row : found) {
+        SCOPED_TRACE(row.toStdString());
+        const QStringList cells = row.split('|');
+        const QString group = D_UICharacterGenFrame::AlignmentGroup(cells[2]);
+        groups << group;
+        EXPECT_TRUE(alignments[group].contains(cells[2]));
+        EXPECT_TRUE(classes.contains(cells[1]));
+        EXPECT_TRUE(group == "Good" || cells[1] != "Paladin");
+        EXPECT_TRUE(races.contains(cells[0]));
+        EXPECT_EQ(cells[3], "1");
+    }
+    // Thirty draws of a one-in-three group miss none.
+    EXPECT_EQ(groups.size(), 3);
+}
+
+// Over 1d1 tables the first covering row alone decides, where the table window fires all:
+// the alignment group table's first row says Evil, the evil alignment table hands on to a
+// nested table whose 1d1+1 gives 2, whose first row of two for 2 says Chaotic Evil.
+TEST_F(CharacterGenFrameTest, PicksTakeTheFirstCoveringRow) {
+    QTemporaryDir app;
+    ASSERT_TRUE(app.isValid());
+    const QString folder = app.filePath("Core/Table");
+    ASSERT_TRUE(QDir().mkpath(folder));
+    saveTable(folder, "Random NPC, Alignment", "die\t1d1\n1\t1\ttext\tEvil\n1\t1\ttext\tGood\n");
+    saveTable(folder, "Random NPC, Alignment - Evil", "die\t1d1\n1\t1\ttable\tNested\n");
+    saveTable(folder, "Nested",
+              "die\t1d1+1\n1\t1\ttext\tLawful Evil\n2\t1\ttext\tChaotic Evil\n"
+              "2\t1\ttext\tNeutral Evil\n");
+    saveTable(folder, "Random NPC, Class - Evil", "die\t1d1\n1\t1\ttext\tRogue\n");
+    saveTable(folder, "Random NPC, Race, Evil - Rogue",
+              "die\t1d1\n1\t1\ttext\tHalfling\n1\t1\ttext\tHuman\n");
+    D_UICharacterGenFrame frame;
+    choose(frame, "Human", "Fighter", "Lawful Good", 2);
+    DOptions::mAppPath = FCString(app.path());
+    for (const char* name : {"mRandomClass", "mRandomRace", "mRandomAlignment"})
+        child<QCheckBox>(frame, name)->setChecked(true);
+    frame.Generate();
+    EXPECT_EQ(rows(frame), QStringList{"Halfling|Rogue|Chaotic Evil|2|1"});
+    // Without the race tables the race cell stays empty.
+    child<QCheckBox>(frame, "mRandomClass")->setChecked(false);
+    frame.Generate();
+    EXPECT_EQ(rows(frame), QStringList{"|Fighter|Chaotic Evil|2|1"});
+}
+
+// A decoded row is a character of the race, class, level and alignment asked for: an ogre's
+// 4 hit dice leave 16 of 18 levels; a chaotic good paladin has lost the calling; the user's
+// ready third-level elf paladin, saved as a first-level human, grows to three levels in its
+// last class and becomes the elf asked for.
+TEST_F(CharacterGenFrameTest, DecodedRowsBuildTheRequest) {
+    {
+        FCRef<DFileObject> human(
+            DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString("Human.rac")));
+        FCRef<DCharacter> hero(new DCharacter());
+        DHandBook::SetupCharacterWithRace(hero.get(), human.get());
+        hero->SetCharacterName(FCString("Ready Hero"));
+        hero->SetAlignmentId(9);
+        hero->AddHistory(classGuid("Paladin"), 1.0f);
+        DHandBook::CharacterSetup(hero.get(), true);
+        ASSERT_TRUE(
+            hero->SaveToFile(FCString(mUser.filePath("Characters/Elf, Paladin, 3rd Level.chr"))));
+    }
+    const struct {
+        const char* race;
+        const char* className;
+        const char* alignment;
+        int alignmentId;
+        int level;
+        float classLevel;
+        bool ex;
+        const char* name; // empty: a generated one
+    } cases[] = {
+        {"Dwarf", "Fighter", "Lawful Neutral", 17, 5, 5.0f, false, ""},
+        {"Ogre", "Fighter", "Chaotic Evil", 36, 18, 16.0f, false, ""},
+        {"Human", "Paladin", "Chaotic Good", 12, 2, 2.0f, true, ""},
+        {"Elf", "Paladin", "Lawful Good", 9, 3, 3.0f, false, "Ready Hero"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.race);
+        D_UICharacterGenFrame frame;
+        FCRef<DCharacter> built;
+        QObject::connect(&frame, &D_UICharacterGenFrame::characterBuilt,
+                         [&built](DCharacter* character, const QString&) {
+                             character->Retain();
+                             built.reset(character);
+                         });
+        choose(frame, c.race, c.className, c.alignment, c.level);
+        auto* jump = child<QPushButton>(frame, "mJumpButton");
+        EXPECT_FALSE(jump->isEnabled());
+        frame.Generate();
+        auto* list = child<QTreeWidget>(frame, "mList");
+        list->setCurrentItem(list->topLevelItem(0));
+        ASSERT_TRUE(jump->isEnabled());
+        jump->click();
+        ASSERT_NE(built, nullptr);
+        ASSERT_NE(built->GetRace(), nullptr);
+        EXPECT_EQ(QString(built->GetRace()->GetRaceName()), QString(c.race));
+        const DCharacterClass* own = built->GetClassPointer(classGuid(c.className));
+        ASSERT_NE(own, nullptr);
+        EXPECT_EQ(own->GetLevel(), c.classLevel);
+        EXPECT_EQ(own->GetIsExClass(), c.ex);
+        EXPECT_EQ(built->GetAlignmentId(), c.alignmentId);
+        if (*c.name) {
+            EXPECT_EQ(QString(built->GetCharacterName()), QString(c.name));
+        }
+    }
+}
