@@ -13,6 +13,7 @@
 #include "DRulesQuery.h"
 #include "DTable.h"
 #include "DTableRoller.h"
+#include "D_UIUtil.h"
 #include "FCFileManager.h"
 #include "ResultSet.h"
 #include "TableResultBuilder.h"
@@ -37,6 +38,7 @@ namespace {
 
 constexpr int kPlayerClassType = 1;
 constexpr int kMaxLevel = 20;
+constexpr int kMaxAlignmentId = 0xFFFF;
 constexpr int kMaxTableDepth = 32;
 
 // Building a character of a high level takes a moment.
@@ -194,12 +196,7 @@ D_UICharacterGenFrame::D_UICharacterGenFrame(QWidget* parent) : QWidget(parent) 
 }
 
 void D_UICharacterGenFrame::FillFields() {
-    DDatabase::ForEachRow(QString::asprintf("SELECT Guid, Name FROM %s WHERE (ClassType=%d)",
-                                            DRulesQuery::Table(kTableClass).constData(),
-                                            kPlayerClassType),
-                          [this](odbc::ResultSet* row) {
-                              mClassCombo->addItem(row->getString(2), row->getString(1));
-                          });
+    D_UIUtil::FillComboWithClasses(mClassCombo, kPlayerClassType);
     // A private header read of each race: the catalogue's entries stay unloaded.
     for (const auto& entry : DObjectManager::GetRaceFileSet()) {
         const FCRef<DRace> race(DRace::CreateFromFile(entry->GetAccessFilePath(), true));
@@ -207,11 +204,8 @@ void D_UICharacterGenFrame::FillFields() {
             mRaceCombo->addItem(entry->GetBaseFileName());
     }
     mRaceCombo->setCurrentIndex(std::max(0, mRaceCombo->findText(QStringLiteral("Human"))));
-    DDatabase::ForEachRow(QString::asprintf("SELECT Id, Name FROM %s WHERE (Id>0) ORDER BY SortNum",
-                                            DRulesQuery::Table(kTableAlignment).constData()),
-                          [this](odbc::ResultSet* row) {
-                              mAlignmentCombo->addItem(row->getString(2), row->getInt(1));
-                          });
+    D_UIUtil::FillComboWithTable(mAlignmentCombo, kTableAlignment, 1, kMaxAlignmentId,
+                                 QStringLiteral("Id"), QStringLiteral("SortNum"));
 }
 
 QString D_UICharacterGenFrame::AlignmentGroup(const QString& alignment) {

@@ -120,19 +120,18 @@ void D_UIMonsterGenFrame::FillList() {
             // A group row keeps no file; a plain row of the same name without entries stays
             // beside it.
             if (!parent)
-                parent = new D_UIMonsterRaceItem(mList, groupName);
-            item = new D_UIMonsterRaceItem(parent, name.mid(comma + 1).trimmed());
+                parent = new D_UIMonsterRaceItem(mList, {groupName});
+            item = new D_UIMonsterRaceItem(parent, {name.mid(comma + 1).trimmed()});
         } else if (QTreeWidgetItem* parent = group(name)) {
-            item = new D_UIMonsterRaceItem(parent, name);
+            item = new D_UIMonsterRaceItem(parent, {name});
         } else {
-            item = new D_UIMonsterRaceItem(mList, name);
+            item = new D_UIMonsterRaceItem(mList, {name});
         }
         item->SetFileObject(entry.Get());
         item->setToolTip(D_UIMonsterRaceItem::kColumnName, name);
         const DClassInfo* type = DDatabase::GetClassInfoA(race->GetClassGuid());
         item->setText(D_UIMonsterRaceItem::kColumnType, type ? QString(type->mName) : QString());
-        item->setText(D_UIMonsterRaceItem::kColumnHitDice,
-                      QString::number(double(race->GetHitDieCount()), 'g', 6));
+        item->SetHitDice(race->GetHitDieCount());
     }
     mList->setSortingEnabled(true);
 }

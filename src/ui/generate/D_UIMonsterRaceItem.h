@@ -1,26 +1,15 @@
 #pragma once
 
-#include "FCReleaser.h"
-
-#include <QTreeWidgetItem>
-
-class DFileObject;
+#include "D_UIFileObjectItem.h"
 
 // A row of a monster list: the race's name, its type and its hit dice, with the race's file
-// kept (a group row keeps none). The hit dice column sorts as numbers.
-class D_UIMonsterRaceItem : public QTreeWidgetItem {
+// entry (a group row has none). The hit dice column sorts as numbers, fractions included.
+class D_UIMonsterRaceItem : public D_UIFileObjectItem {
 public:
     enum Column { kColumnName = 0, kColumnType = 1, kColumnHitDice = 2 };
 
-    explicit D_UIMonsterRaceItem(QTreeWidget* parent, const QString& name);
-    D_UIMonsterRaceItem(QTreeWidgetItem* parent, const QString& name);
+    using D_UIFileObjectItem::D_UIFileObjectItem;
 
-    // Retains the file.
-    void SetFileObject(DFileObject* file);
-    DFileObject* GetFileObject() const { return mFile.get(); }
-
-    bool operator<(const QTreeWidgetItem& other) const override;
-
-private:
-    FCRef<DFileObject> mFile;
+    // Shown in the shortest form ("0.5", "12").
+    void SetHitDice(float hitDice);
 };
