@@ -19,8 +19,6 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
-#include <memory>
-
 namespace {
 
 using CharacterPtr = FCRef<DCharacter>;

@@ -22,8 +22,6 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
-#include <memory>
-
 namespace {
 
 using CharacterPtr = FCRef<DCharacter>;
