@@ -1,5 +1,5 @@
-// The "Monster Advancement" dialog on a ready ankheg (3 HD; 5-9 HD Huge): the rows it lists,
-// the range it offers, and a monster that cannot advance.
+// The "Monster Advancement" dialog on a ready ankheg (3 HD; 4 HD Large, 5-9 HD Huge): the rows it
+// lists, the range it offers, and a monster that cannot advance.
 #include "D_UIMonsterAdvanceDialog.h"
 
 #include "DCharacter.h"
@@ -54,10 +54,13 @@ TEST_F(MonsterAdvanceDialogTest, OffersTheRaceRowsAndOnlyRaises) {
     ASSERT_TRUE(dialog.Setup(ankheg.get()));
     EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Monster Advancement"));
     auto* rows = dialog.findChild<QTreeWidget*>("mAdvancementList");
-    ASSERT_EQ(rows->topLevelItemCount(), 1);
-    EXPECT_EQ(rows->topLevelItem(0)->text(0), QStringLiteral("5"));
-    EXPECT_EQ(rows->topLevelItem(0)->text(1), QStringLiteral("9"));
-    EXPECT_EQ(rows->topLevelItem(0)->text(2), QStringLiteral("Huge"));
+    // The open rules: 4 HD (Large); 5-9 HD (Huge).
+    ASSERT_EQ(rows->topLevelItemCount(), 2);
+    const char* expected[2][3] = {{"4", "4", "Large"}, {"5", "9", "Huge"}};
+    for (int row = 0; row < 2; ++row) {
+        for (int column = 0; column < 3; ++column)
+            EXPECT_EQ(rows->topLevelItem(row)->text(column), QString(expected[row][column]));
+    }
     auto* spin = dialog.findChild<QSpinBox*>("mNewHitDice");
     EXPECT_EQ(spin->minimum(), 4);
     EXPECT_EQ(spin->maximum(), 9);

@@ -268,10 +268,11 @@ class Converter:
         out.append("hit_dice: " + fmt(number(hd.group(1))))
 
         adv_rows = []
-        for a in re.finditer(r"(\d+)\s*(?:[-\u2013]\s*(\d+)|(\+))\s*(?:HD)?\s*\(([^)]+)\)",
+        # "5-9 HD (Huge)", "36+ HD (Colossal)", and a single step: "4 HD (Large)".
+        for a in re.finditer(r"(\d+)\s*(?:[-\u2013]\s*(\d+)|(\+))?\s*(?:HD)?\s*\(([^)]+)\)",
                              row["Advancement"]):
             low = int(a.group(1))
-            high = int(a.group(2)) if a.group(2) else 2 * low
+            high = int(a.group(2)) if a.group(2) else 2 * low if a.group(3) else low
             if a.group(3):
                 self.gap("open-ended advancement row (upper bound set to twice the lower)")
             asize = a.group(4).replace("Medium-size", "Medium").replace("Medium-Size",
