@@ -2,6 +2,7 @@
 
 #include "FCArchive.h"
 #include "FCObject.h"
+#include "FCReleaser.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -22,13 +23,7 @@ inline QUuid guid(quint8 seed) {
     return QUuid::fromRfc4122(bytes);
 }
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-template <typename T> using Ref = std::unique_ptr<T, Releaser>;
+template <typename T> using Ref = FCRef<T>;
 
 // Runs `write(archive)` on a storing archive over memory and returns the bytes.
 template <typename F> QByteArray storeWith(F&& write) {

@@ -27,6 +27,7 @@
 #include "DSpellLevelInfo.h"
 #include "DSpellsPerInfo.h"
 #include "DSubSkillInfo.h"
+#include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include "Connection.h"
@@ -183,10 +184,7 @@ const std::vector<Table>& rulesTables() {
     return tables;
 }
 
-struct ReleaseObject {
-    void operator()(FCObject* object) const { object->Release(); }
-};
-using RecordPtr = std::unique_ptr<DInfo, ReleaseObject>;
+using RecordPtr = FCRef<DInfo>;
 template <typename Record> RecordPtr makeRecord() {
     return RecordPtr(new Record);
 }

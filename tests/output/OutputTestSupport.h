@@ -11,6 +11,7 @@
 #include "DOptions.h"
 #include "DOutput.h"
 #include "DSkillInfo.h"
+#include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
@@ -23,13 +24,7 @@
 
 namespace outputtest {
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-using CharacterRef = std::unique_ptr<DCharacter, Releaser>;
+using CharacterRef = FCRef<DCharacter>;
 
 // The built data (rules, ready races, style sheets) and a scratch user folder for the
 // working files of each test.

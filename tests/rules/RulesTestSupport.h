@@ -9,6 +9,7 @@
 #include "DObjectManager.h"
 #include "DOptions.h"
 #include "DRace.h"
+#include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
@@ -21,13 +22,7 @@
 
 namespace rulestest {
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-template <typename T> using Ref = std::unique_ptr<T, Releaser>;
+template <typename T> using Ref = FCRef<T>;
 
 // The built rules database for the whole suite, and a scratch user folder per test that race
 // files are written to.

@@ -16,6 +16,7 @@
 #include "DObjectManager.h"
 #include "DOptions.h"
 #include "FCRandom.h"
+#include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include <QApplication>
@@ -35,13 +36,7 @@
 
 namespace {
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-template <typename T> using Ref = std::unique_ptr<T, Releaser>;
+template <typename T> using Ref = FCRef<T>;
 
 template <typename T> T* part(const QWidget& dialog, const QString& name) {
     T* widget = dialog.findChild<T*>(name);
