@@ -83,11 +83,7 @@ protected:
         Ref<DCharacter> character(new DCharacter());
         DHandBook::SetupCharacterWithRace(character.get(), entry.get());
         EXPECT_NE(character->GetRace(), nullptr) << race.toStdString();
-        QUuid guid;
-        for (const auto& [id, info] : DDatabase::GetClassInfoMap()) {
-            if (static_cast<const DClassInfo*>(info)->mName == className)
-                guid = id;
-        }
+        const QUuid guid = hoardtest::classGuid(className);
         for (int level = 0; level < levels; ++level)
             character->AddHistory(guid, 1.0f);
         DHandBook::CharacterSetup(character.get(), true);
