@@ -488,24 +488,12 @@ void addCombatBlock(const DCharacter& character, QJsonObject& description) {
     description.insert("missing_rows", QJsonArray::fromStringList(missingClassRows(character)));
 }
 
-QString signedNumber(int value) {
-    return value < 0 ? QString::number(value) : QStringLiteral("+%1").arg(value);
-}
-
-QString abilityText(const QJsonValue& score) {
-    if (score.isNull())
-        return QStringLiteral("-");
-    return QStringLiteral("%1 (%2)")
-        .arg(score.toInt())
-        .arg(signedNumber(DHandBook::GetAbilityModifier(score.toInt())));
-}
-
 void printCombatBlock(const QJsonObject& description) {
     const QJsonObject abilities = description["abilities"].toObject();
     QStringList scores;
     for (const char* key : {"str", "dex", "con", "int", "wis", "cha"})
         scores << QStringLiteral("%1 %2").arg(QString::fromLatin1(key).toUpper(),
-                                              abilityText(abilities[key]));
+                                              CharacterCommand::AbilityText(abilities[key]));
     CliContext::PrintLine(QStringLiteral("Abilities:  %1").arg(scores.join(", ")));
     CliContext::PrintLine(QStringLiteral("HP:         %1").arg(description["hp"].toInt()));
     CliContext::PrintLine(QStringLiteral("AC:         %1, touch %2, flat-footed %3")
@@ -513,14 +501,16 @@ void printCombatBlock(const QJsonObject& description) {
                               .arg(description["ac_touch"].toInt())
                               .arg(description["ac_flat_footed"].toInt()));
     CliContext::PrintLine(
-        QStringLiteral("Initiative: %1").arg(signedNumber(description["initiative"].toInt())));
-    CliContext::PrintLine(QStringLiteral("Base attack: %1, grapple %2")
-                              .arg(signedNumber(description["base_attack"].toInt()),
-                                   signedNumber(description["grapple"].toInt())));
+        QStringLiteral("Initiative: %1")
+            .arg(CharacterCommand::SignedNumber(description["initiative"].toInt())));
+    CliContext::PrintLine(
+        QStringLiteral("Base attack: %1, grapple %2")
+            .arg(CharacterCommand::SignedNumber(description["base_attack"].toInt()),
+                 CharacterCommand::SignedNumber(description["grapple"].toInt())));
     CliContext::PrintLine(QStringLiteral("Saves:      Fort %1, Ref %2, Will %3")
-                              .arg(signedNumber(description["fortitude"].toInt()),
-                                   signedNumber(description["reflex"].toInt()),
-                                   signedNumber(description["will"].toInt())));
+                              .arg(CharacterCommand::SignedNumber(description["fortitude"].toInt()),
+                                   CharacterCommand::SignedNumber(description["reflex"].toInt()),
+                                   CharacterCommand::SignedNumber(description["will"].toInt())));
     // Races keep height in inches and weight in pounds. Most monsters' races give none.
     const int height = description["height"].toInt();
     if (description["age"].toInt() == 0 && height == 0 && description["weight"].toInt() == 0)
@@ -610,4 +600,16 @@ void CharacterCommand::PrintCharacter(const DCharacter& character, const QString
     CharacterItems::Print(description);
     CharacterCompanions::Print(description);
     CliContext::PrintLine(QStringLiteral("File:       %1").arg(file));
+}
+
+QString CharacterCommand::SignedNumber(int value) {
+    return value < 0 ? QString::number(value) : QStringLiteral("+%1").arg(value);
+}
+
+QString CharacterCommand::AbilityText(const QJsonValue& score) {
+    if (score.isNull())
+        return QStringLiteral("-");
+    return QStringLiteral("%1 (%2)")
+        .arg(score.toInt())
+        .arg(SignedNumber(DHandBook::GetAbilityModifier(score.toInt())));
 }

@@ -4,6 +4,7 @@
 
 class DCharacter;
 class QJsonObject;
+class QJsonValue;
 class QUuid;
 
 // "hoard character new|show|level-up": make, inspect and level character files.
@@ -28,6 +29,10 @@ public:
     static int SaveAndShow(CliContext& context, DCharacter& character, const QString& path);
     static QJsonObject Describe(const DCharacter& character);
     static void PrintCharacter(const DCharacter& character, const QString& file, bool json);
+    // "+3", "-1": a bonus as a sheet shows it.
+    static QString SignedNumber(int value);
+    // "14 (+2)", or "-" for a creature without the ability.
+    static QString AbilityText(const QJsonValue& score);
 
 private:
     int RunNew(CliContext& context, QStringList args);

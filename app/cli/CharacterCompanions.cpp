@@ -14,22 +14,15 @@
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "DRace.h"
+#include "FCReleaser.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 
-#include <memory>
-
 namespace {
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-using CharacterPtr = std::unique_ptr<DCharacter, Releaser>;
-using RacePtr = std::unique_ptr<DRace, Releaser>;
+using CharacterPtr = FCRef<DCharacter>;
+using RacePtr = FCRef<DRace>;
 
 // The words of the command line for the slots it offers.
 struct Kind {
@@ -115,18 +108,6 @@ QJsonObject describeCompanion(const DCharacter& master, const DChosenAnimal& ani
     return companion;
 }
 
-QString signedNumber(int value) {
-    return value < 0 ? QString::number(value) : QStringLiteral("+%1").arg(value);
-}
-
-QString abilityText(const QJsonValue& score) {
-    if (score.isNull())
-        return QStringLiteral("-");
-    return QStringLiteral("%1 (%2)")
-        .arg(score.toInt())
-        .arg(signedNumber(DHandBook::GetAbilityModifier(score.toInt())));
-}
-
 void printCompanion(const QJsonObject& companion) {
     CliContext::PrintLine(QStringLiteral("Companion:  %1 %2 (%3, master level %4)")
                               .arg(companion["kind"].toString(), companion["race"].toString(),
@@ -141,24 +122,25 @@ void printCompanion(const QJsonObject& companion) {
     QStringList scores;
     for (const char* key : {"str", "dex", "con", "int", "wis", "cha"})
         scores << QStringLiteral("%1 %2").arg(QString::fromLatin1(key).toUpper(),
-                                              abilityText(abilities[key]));
+                                              CharacterCommand::AbilityText(abilities[key]));
     CliContext::PrintLine(
         QStringLiteral("  Hit dice: %1, HP %2")
             .arg(DHandBook::BuildFractionString(float(companion["hit_dice"].toDouble())))
             .arg(companion["hp"].toInt()));
     CliContext::PrintLine(QStringLiteral("  Abilities: %1").arg(scores.join(", ")));
-    CliContext::PrintLine(QStringLiteral("  AC: %1, touch %2, flat-footed %3 (natural armor %4)")
-                              .arg(companion["ac"].toInt())
-                              .arg(companion["ac_touch"].toInt())
-                              .arg(companion["ac_flat_footed"].toInt())
-                              .arg(signedNumber(companion["natural_armor"].toInt())));
+    CliContext::PrintLine(
+        QStringLiteral("  AC: %1, touch %2, flat-footed %3 (natural armor %4)")
+            .arg(companion["ac"].toInt())
+            .arg(companion["ac_touch"].toInt())
+            .arg(companion["ac_flat_footed"].toInt())
+            .arg(CharacterCommand::SignedNumber(companion["natural_armor"].toInt())));
     CliContext::PrintLine(QStringLiteral("  Base attack: %1, grapple %2")
-                              .arg(signedNumber(companion["base_attack"].toInt()),
-                                   signedNumber(companion["grapple"].toInt())));
+                              .arg(CharacterCommand::SignedNumber(companion["base_attack"].toInt()),
+                                   CharacterCommand::SignedNumber(companion["grapple"].toInt())));
     CliContext::PrintLine(QStringLiteral("  Saves: Fort %1, Ref %2, Will %3")
-                              .arg(signedNumber(companion["fortitude"].toInt()),
-                                   signedNumber(companion["reflex"].toInt()),
-                                   signedNumber(companion["will"].toInt())));
+                              .arg(CharacterCommand::SignedNumber(companion["fortitude"].toInt()),
+                                   CharacterCommand::SignedNumber(companion["reflex"].toInt()),
+                                   CharacterCommand::SignedNumber(companion["will"].toInt())));
     if (companion.contains("bonus_tricks"))
         CliContext::PrintLine(
             QStringLiteral("  Bonus tricks: %1").arg(companion["bonus_tricks"].toInt()));

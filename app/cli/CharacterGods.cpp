@@ -16,22 +16,15 @@
 #include "DRulesQuery.h"
 #include "DSchoolInfo.h"
 #include "DWeaponInfo.h"
+#include "FCReleaser.h"
 #include "ResultSet.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 
-#include <memory>
-
 namespace {
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-using CharacterPtr = std::unique_ptr<DCharacter, Releaser>;
+using CharacterPtr = FCRef<DCharacter>;
 
 constexpr int kMaxDomains = 2;
 constexpr int kTableGodDomain = 145;
@@ -57,14 +50,7 @@ bool findNamed(const QList<CharacterGods::Named>& rows, const QString& kind, con
 }
 
 QString nameOf(int table, const QUuid& guid) {
-    if (guid.isNull())
-        return QString();
-    QString name = guid.toString();
-    DDatabase::FirstRow(QString::asprintf("SELECT Name FROM %s WHERE (Guid=%s)",
-                                          DRulesQuery::Table(table).constData(),
-                                          DRulesQuery::Guid(guid).constData()),
-                        [&name](odbc::ResultSet* row) { name = row->getString(1); });
-    return name;
+    return guid.isNull() ? QString() : DRulesQuery::NameByGuid(table, guid);
 }
 
 QString alignmentName(int id) {

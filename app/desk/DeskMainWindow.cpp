@@ -1,6 +1,7 @@
 #include "DeskMainWindow.h"
 
 #include "CatalogueDock.h"
+#include "CharacterCompanionRows.h"
 #include "CharacterFeatureRows.h"
 #include "CharacterGodRows.h"
 #include "CharacterItemRows.h"
@@ -17,6 +18,7 @@
 #include "DCharStatType.h"
 #include "DCharacter.h"
 #include "DClassInfo.h"
+#include "DCompanionRules.h"
 #include "DDatabase.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
@@ -191,6 +193,8 @@ bool DeskMainWindow::OpenFile(const QString& path) {
     }
     // What was added to the race since the file was saved reaches the character.
     DHandBook::UpdateWithRace(character);
+    // Companions are kept as their races: their creatures are built for the master as read.
+    DCompanionRules::UpdateAnimals(character);
     SetCurrentCharacter(character, path);
     return true;
 }
@@ -237,7 +241,8 @@ void DeskMainWindow::ShowCharacter(const DCharacter& character, const QString& f
                  QString::number(character.GetCharacterStat(kStatHitPoints)),
                  CombatRows(character) + CharacterSkillRows::Build(character) +
                      CharacterItemRows::Build(character) + CharacterFeatureRows::Build(character) +
-                     CharacterGodRows::Build(character) + CharacterSpellRows::Build(character),
+                     CharacterGodRows::Build(character) + CharacterSpellRows::Build(character) +
+                     CharacterCompanionRows::Build(character),
                  fileText));
     setWindowTitle(tr("Hoard - %1").arg(character.GetCharacterName()));
     // Rewritten at every showing, so it follows every change made here.

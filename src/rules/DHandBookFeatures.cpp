@@ -337,15 +337,6 @@ QString SubSkillName(const QUuid& subSkill) {
     return name;
 }
 
-QString NameByGuid(int table, const QUuid& guid) {
-    QString name = guid.toString();
-    DDatabase::FirstRow(QString::asprintf("SELECT Name FROM %s WHERE (Guid=%s)",
-                                          DRulesQuery::Table(table).constData(),
-                                          DRulesQuery::Guid(guid).constData()),
-                        [&name](odbc::ResultSet* row) { name = row->getString(1); });
-    return name;
-}
-
 QString ProficiencyText(int flags) {
     static constexpr std::pair<int, const char*> kNames[] = {
         {1, "simple weapons"}, {2, "martial weapons"}, {8, "light armor"},
@@ -376,7 +367,8 @@ QString DescribeRow(const Requirement& row) {
             .arg(row.data);
     case kRequireSpells:
         if (!row.spell.isNull())
-            return QStringLiteral("able to cast %1").arg(NameByGuid(kTableSpell, row.spell));
+            return QStringLiteral("able to cast %1")
+                .arg(DRulesQuery::NameByGuid(kTableSpell, row.spell));
         return row.castType == kAnyCasterType
                    ? QStringLiteral("spells of level %1").arg(row.data)
                    : QStringLiteral("%1 spells of level %2")
@@ -391,7 +383,8 @@ QString DescribeRow(const Requirement& row) {
     case kRequireProficiency:
         return ProficiencyText(row.data);
     case kRequireLanguage:
-        return QStringLiteral("speaks %1").arg(NameByGuid(kTableLanguage, row.language));
+        return QStringLiteral("speaks %1")
+            .arg(DRulesQuery::NameByGuid(kTableLanguage, row.language));
     default:
         return {};
     }

@@ -3,6 +3,7 @@
 #include "DDatabase.h"
 #include "DFailureReporter.h"
 #include "Guid.h"
+#include "ResultSet.h"
 
 bool DRulesQuery::HasRow(const QString& sql) {
     return DDatabase::FirstRow(sql, [](odbc::ResultSet*) {});
@@ -18,4 +19,12 @@ QByteArray DRulesQuery::Table(int index) {
 
 QByteArray DRulesQuery::Guid(const QUuid& guid) {
     return odbc::toStringODBC(guid).toLatin1();
+}
+
+QString DRulesQuery::NameByGuid(int table, const QUuid& guid) {
+    QString name = guid.toString();
+    DDatabase::FirstRow(QString::asprintf("SELECT Name FROM %s WHERE (Guid=%s)",
+                                          Table(table).constData(), Guid(guid).constData()),
+                        [&name](odbc::ResultSet* row) { name = row->getString(1); });
+    return name;
 }

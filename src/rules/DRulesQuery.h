@@ -17,4 +17,6 @@ public:
     // Pieces of statement text: a table's bracketed name and a GUID literal.
     static QByteArray Table(int index);
     static QByteArray Guid(const QUuid& guid);
+    // The Name of the row of `table` whose Guid is `guid`; the GUID's text if there is none.
+    static QString NameByGuid(int table, const QUuid& guid);
 };

@@ -10,6 +10,9 @@
 
 #include <QStringList>
 
+#include <algorithm>
+#include <climits>
+
 namespace {
 
 FCRef<DTable> loadTableFile(const DFileObject& file) {
@@ -21,6 +24,11 @@ FCRef<DTable> loadTableFile(const DFileObject& file) {
 
 bool objectFileExists(const DFileObject& file) {
     return !DTableRoller::FindObjectFile(file).isEmpty();
+}
+
+// A damaged file's modifiers can push a sum past what an int holds: it stops at the edge.
+int saturate(qint64 value) {
+    return int(std::clamp<qint64>(value, INT_MIN, INT_MAX));
 }
 
 QString alignmentName(const DTableItem& row) {
@@ -102,7 +110,7 @@ DTableRoller::Outcome DTableRoller::Roll(const DTable& table) {
 }
 
 int DTableRoller::RollTable(const DTable& table) {
-    return RollDice(table.Die(), table.Count()) + table.Modifier();
+    return saturate(qint64(RollDice(table.Die(), table.Count())) + table.Modifier());
 }
 
 int DTableRoller::RollDice(int die, int count) {
@@ -124,13 +132,14 @@ int DTableRoller::RowCount(const DTableItem& row, int roll) {
     case DTableItem::kCountFixed:
         return row.CountNumber();
     case DTableItem::kCountDice:
-        return RollDice(row.CountDie(), row.CountNumber()) + row.CountModifier();
+        return saturate(qint64(RollDice(row.CountDie(), row.CountNumber())) + row.CountModifier());
     case DTableItem::kCountPercent:
         // Truncates toward zero, a negative roll too.
         return int(row.CountNumber() * 0.01 * roll);
     case DTableItem::kCountRange:
         // One die over the span: from one above the low end up to the high end.
-        return mDice(row.CountDie() - row.CountNumber(), 1) + row.CountNumber();
+        return saturate(qint64(mDice(saturate(qint64(row.CountDie()) - row.CountNumber()), 1)) +
+                        row.CountNumber());
     case DTableItem::kCountDivide:
         // A divisor of 0 cannot be carried out; such a row gives nothing.
         return row.CountNumber() == 0 ? 0 : roll / row.CountNumber();

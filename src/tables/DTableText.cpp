@@ -8,6 +8,7 @@
 
 #include <QRegularExpression>
 
+#include <climits>
 #include <set>
 
 namespace {
@@ -365,13 +366,14 @@ QString DTableText::NameText(const DTableItem& row) {
 }
 
 QStringList DTableText::CheckCoverage(const DTable& table) {
-    const int low = table.Count() + table.Modifier();
+    const qint64 low = qint64(table.Count()) + table.Modifier();
     const qint64 high = qint64(table.Count()) * table.Die() + table.Modifier();
     QStringList warnings;
-    if (table.Count() < 1 || high - low > kMaxCheckedSpan)
+    // A damaged file can ask for rolls beyond what an int holds; such a table is not checked.
+    if (table.Count() < 1 || high - low > kMaxCheckedSpan || low < INT_MIN || high > INT_MAX)
         return warnings;
     // Runs of roll values with the same rows covering them.
-    int runStart = low;
+    int runStart = int(low);
     std::set<int> runRows, previousRows;
     auto closeRun = [&](int runEnd, const std::set<int>& nextRows) {
         if (runRows.size() > 1)

@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include <deque>
 #include <utility>
 
@@ -481,4 +483,16 @@ TEST(TableText, CoverageWarningsNameTheRows) {
 
     ASSERT_TRUE(DTableText::Parse("die\t2d4-2\n0-6\t1\ttext\tall\n", *table, line, error));
     EXPECT_TRUE(DTableText::CheckCoverage(*table).isEmpty());
+
+    // A damaged file's modifier at the edge of an int (found by fuzzing): neither the check
+    // nor a roll may overflow. The check leaves such a table alone; the roll stops at the edge.
+    auto edge = makeTable(1, 6, INT_MAX);
+    addRow(*edge, INT_MAX, INT_MAX, DTableItem::kElementText, "top");
+    EXPECT_TRUE(DTableText::CheckCoverage(*edge).isEmpty());
+    ScriptedDice dice{{6}, {}};
+    World world;
+    const auto outcome = DTableRoller(dice.Source(), world.Loader(), World::Check()).Roll(*edge);
+    EXPECT_EQ(outcome.roll, INT_MAX);
+    ASSERT_EQ(outcome.results.size(), 1u);
+    EXPECT_EQ(outcome.results[0].name, QStringLiteral("top"));
 }

@@ -6,6 +6,8 @@
 #include "DTable.h"
 #include "DTableRoller.h"
 #include "DTreasure.h"
+#include "D_UIFileObjectItem.h"
+#include "SortListItem.h"
 #include "TableResultBuilder.h"
 
 #include <QApplication>
@@ -47,18 +49,6 @@ QString jumpText(int kind) {
         return QString();
     }
 }
-
-// Numbers sort as numbers in the result list.
-class CountItem : public QTreeWidgetItem {
-public:
-    using QTreeWidgetItem::QTreeWidgetItem;
-    bool operator<(const QTreeWidgetItem& other) const override {
-        const int column = treeWidget() ? treeWidget()->sortColumn() : 0;
-        if (column == TableGenFrame::kColumnNumber)
-            return text(column).toInt() < other.text(column).toInt();
-        return QTreeWidgetItem::operator<(other);
-    }
-};
 
 QString headingOf(const DTableResult& result) {
     if (!result.problem.isEmpty() && result.kind == DTableItem::kElementTable)
@@ -161,7 +151,8 @@ void TableGenFrame::FillList() {
             parent->setExpanded(true);
         }
         auto* item =
-            parent ? new QTreeWidgetItem(parent, {text}) : new QTreeWidgetItem(mList, {text});
+            parent ? new D_UIFileObjectItem(parent, {text}) : new D_UIFileObjectItem(mList, {text});
+        item->SetFileObject(entry.Get());
         item->setText(1, table ? table->DieText() : tr("unreadable"));
         item->setData(0, kFileRole, QString(entry->GetAccessFilePath()));
         item->setData(0, Qt::ToolTipRole, name);
@@ -218,7 +209,7 @@ QTreeWidgetItem* TableGenFrame::Heading(const QString& text) {
         if (mGenerateList->topLevelItem(i)->text(kColumnName) == text)
             return mGenerateList->topLevelItem(i);
     }
-    auto* heading = new CountItem(mGenerateList, {text});
+    auto* heading = new SortListItem(mGenerateList, {text});
     heading->setExpanded(true);
     return heading;
 }
@@ -231,12 +222,14 @@ void TableGenFrame::GeneratedItem(const DTableResult& result) {
         QTreeWidgetItem* child = heading->child(i);
         if (child->text(kColumnName) == result.name && child->text(kColumnExtra) == extra &&
             child->data(0, kKindRole).toInt() == result.kind) {
-            child->setText(kColumnNumber,
-                           QString::number(child->text(kColumnNumber).toInt() + result.count));
+            const int count = child->text(kColumnNumber).toInt() + result.count;
+            static_cast<SortListItem*>(child)->setText(kColumnNumber, QString::number(count),
+                                                       count);
             return;
         }
     }
-    auto* child = new CountItem(heading, {result.name, QString::number(result.count), extra});
+    auto* child = new SortListItem(heading, {result.name, QString(), extra});
+    child->setText(kColumnNumber, QString::number(result.count), result.count);
     child->setData(0, kKindRole, result.kind);
     DTableResult kept = result;
     kept.children.clear();
