@@ -2,6 +2,7 @@
 
 #include "FCArchive.h"
 #include "FCObject.h"
+#include "FCReleaser.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -10,8 +11,6 @@
 #include <QString>
 #include <QUuid>
 
-#include <bit>
-#include <initializer_list>
 #include <memory>
 
 namespace chartest {
@@ -24,61 +23,7 @@ inline QUuid guid(quint8 seed) {
     return QUuid::fromRfc4122(bytes);
 }
 
-// The bytes a record should produce, written out field by field in the archive's layout
-// (big-endian numbers, GUIDs as their sixteen bytes).
-class Bytes {
-public:
-    Bytes& name(const char* className) {
-        const QByteArray text(className);
-        u16(quint16(text.size()));
-        mBytes += text;
-        return *this;
-    }
-    Bytes& u8(quint8 value) {
-        mBytes += char(value);
-        return *this;
-    }
-    Bytes& u16(quint16 value) { return u8(quint8(value >> 8)).u8(quint8(value)); }
-    Bytes& u32(quint32 value) { return u16(quint16(value >> 16)).u16(quint16(value)); }
-    Bytes& i32(qint32 value) { return u32(quint32(value)); }
-    Bytes& f32(float value) { return u32(std::bit_cast<quint32>(value)); }
-    Bytes& guid(quint8 seed) {
-        for (int i = 0; i < 16; ++i)
-            u8(quint8(seed + i));
-        return *this;
-    }
-    // A GUID field holding a whole number: the number in the first four bytes, then the last
-    // twelve bytes of guid(seed).
-    Bytes& packed(qint32 value, quint8 seed) {
-        i32(value);
-        for (int i = 4; i < 16; ++i)
-            u8(quint8(seed + i));
-        return *this;
-    }
-    // Same, over a null GUID.
-    Bytes& packedNull(qint32 value) {
-        i32(value);
-        for (int i = 4; i < 16; ++i)
-            u8(0);
-        return *this;
-    }
-    Bytes& raw(const QByteArray& bytes) {
-        mBytes += bytes;
-        return *this;
-    }
-    const QByteArray& get() const { return mBytes; }
-
-private:
-    QByteArray mBytes;
-};
-
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-template <typename T> using Ref = std::unique_ptr<T, Releaser>;
+template <typename T> using Ref = FCRef<T>;
 
 // Runs `write(archive)` on a storing archive over memory and returns the bytes.
 template <typename F> QByteArray storeWith(F&& write) {

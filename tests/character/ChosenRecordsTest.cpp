@@ -225,15 +225,10 @@ TEST(DChosenAnimalTest, HoldsItsOwnCopyOfTheEntry) {
     entry.SetRelativeFilePath(FCString("Bear.mon"));
     EXPECT_EQ(animal.GetFileObject()->GetRelativeFilePath(), QString("Wolf.mon"));
 
-    const DChosenAnimal copy(animal);
-    EXPECT_NE(copy.GetFileObject(), animal.GetFileObject());
-    DChosenAnimal assigned;
-    assigned = animal;
-    EXPECT_NE(assigned.GetFileObject(), animal.GetFileObject());
-    EXPECT_EQ(assigned.GetFileObject()->GetRelativeFilePath(), QString("Wolf.mon"));
-    const DChosenAnimal& same = assigned;
-    assigned = same; // self-assignment keeps the entry
-    EXPECT_EQ(assigned.GetFileObject()->GetRelativeFilePath(), QString("Wolf.mon"));
+    // Copies are deep (RecordPersistenceTest); assigning a record to itself keeps the entry.
+    const DChosenAnimal& same = animal;
+    animal = same;
+    EXPECT_EQ(animal.GetFileObject()->GetRelativeFilePath(), QString("Wolf.mon"));
 }
 
 TEST(DTargetDataTest, EqualityIgnoresTheText) {

@@ -54,20 +54,6 @@ TEST(DSpellCasterTest, LevelsOutsideTheTableReadZeroAndAreNotWritten) {
     EXPECT_EQ(caster.GetSpellsKnown(-1), 0);
 }
 
-TEST(DCharacterClassTest, AtonementAndSpentClassSkillsAreNotStored) {
-    DCharacterClass characterClass;
-    characterClass.SetHasAtoned(true);
-    characterClass.SetSpentClassSkills(4);
-    const QByteArray bytes = storeObject(characterClass);
-    const Ref<FCObject> loaded = loadObject(bytes);
-    const auto* loadedClass = FCDynamicCast<DCharacterClass>(loaded.get());
-    ASSERT_NE(loadedClass, nullptr);
-    EXPECT_FALSE(loadedClass->hasAtoned());
-    EXPECT_EQ(loadedClass->GetSpentClassSkills(), 0);
-    // Nothing of either reaches the file: it equals the one of a fresh class.
-    EXPECT_EQ(bytes, storeObject(DCharacterClass()));
-}
-
 TEST(DCharacterClassTest, StoredSizeAndReservedSlots) {
     // Class name record; GUID; level, previous level, reserved, base skill points, unused,
     // spent skill points, bonus feat points, spent bonus feat points; spell data; one byte

@@ -3,11 +3,9 @@
 #include "CliRunner.h"
 #include "TestSupport.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QUuid>
 
 #include <gtest/gtest.h>
@@ -18,31 +16,15 @@ namespace {
 
 using CliResult = clitest::CliRun;
 
-class CharacterCombatCli : public ::testing::Test {
+class CharacterCombatCli : public clitest::CliFixture {
 protected:
-    CliResult Hoard(const QStringList& args) const { return clitest::runHoard(args, mUser.path()); }
-
-    QString File(const QString& name) const { return mUser.path() + "/" + name + ".chr"; }
+    QString File(const QString& name) const { return UserFile(name + ".chr"); }
 
     // `new` with the race and classes, then each rolled score typed in with `set-ability`.
     QJsonObject Build(const QString& name, const QStringList& newArgs,
                       const QStringList& scores = {}) const {
-        const CliResult made =
-            Hoard(QStringList{"character", "new", "--name", name, "-o", File(name)} + newArgs);
-        EXPECT_EQ(made.status, 0) << made.err.toStdString();
-        static const char* const kAbilities[] = {"STR", "DEX", "CON", "INT", "WIS", "CHA"};
-        for (int i = 0; i < scores.size(); ++i) {
-            const CliResult set =
-                Hoard({"character", "set-ability", File(name), kAbilities[i], scores[i]});
-            EXPECT_EQ(set.status, 0) << set.err.toStdString();
-        }
-        const CliResult shown = Hoard({"character", "show", File(name), "--json"});
-        EXPECT_EQ(shown.status, 0) << shown.err.toStdString();
-        return QJsonDocument::fromJson(shown.out.toUtf8()).object();
+        return Show(NewCharacter(name, newArgs, InOrder(scores)));
     }
-
-private:
-    QTemporaryDir mUser;
 };
 
 TEST_F(CharacterCombatCli, HandWorkedCharactersMatchLineByLine) {
@@ -160,13 +142,13 @@ TEST_F(CharacterCombatCli, ClassWithoutRuleRowsIsNamedAndCountsNothing) {
     ASSERT_EQ(shown.status, 0) << shown.err.toStdString();
     EXPECT_TRUE(shown.err.contains(unknown.toString(QUuid::WithBraces).toUpper()))
         << shown.err.toStdString();
-    const QJsonObject character = QJsonDocument::fromJson(shown.out.toUtf8()).object();
+    const QJsonObject character = clitest::jsonObject(shown);
     EXPECT_EQ(character["missing_rows"].toArray().size(), 1);
     // What was stored stands; a level-up works out the rest without the unknown class.
     const CliResult levelled =
         Hoard({"character", "level-up", File("w"), "--class", "Wizard", "--json"});
     ASSERT_EQ(levelled.status, 0) << levelled.err.toStdString();
-    const QJsonObject after = QJsonDocument::fromJson(levelled.out.toUtf8()).object();
+    const QJsonObject after = clitest::jsonObject(levelled);
     EXPECT_EQ(after["base_attack"].toInt(), 1) << "wizard 2: 1; the unknown class: 0";
     EXPECT_EQ(after["will"].toInt(), 3) << "wizard 2 good Will only";
 }

@@ -2,61 +2,22 @@
 // following a level-up and a changed score of the master, refused with one line.
 #include "CliRunner.h"
 
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-QByteArray Bytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-class CompanionsCli : public ::testing::Test {
+class CompanionsCli : public clitest::CliFixture {
 protected:
-    clitest::CliRun Hoard(const QStringList& args) const {
-        return clitest::runHoard(args, mUser.path());
-    }
-
-    void Ok(const QStringList& args) const {
-        const clitest::CliRun run = Hoard(QStringList{"character"} + args);
-        EXPECT_EQ(run.status, 0) << args.join(' ').toStdString() << ": " << run.err.toStdString();
-    }
-
     QString Make(const QString& className, int level) const {
-        const QString file = mUser.path() + "/" + className + ".chr";
-        Ok({"new", "--name", className, "--class", className, "--level", QString::number(level),
-            "-o", file});
-        return file;
-    }
-
-    QJsonObject Show(const QString& file) const {
-        const clitest::CliRun shown = Hoard({"--json", "character", "show", file});
-        EXPECT_EQ(shown.status, 0) << shown.err.toStdString();
-        return QJsonDocument::fromJson(shown.out.toUtf8()).object();
+        return NewCharacter(className, {"--class", className, "--level", QString::number(level)});
     }
 
     QJsonObject Companion(const QString& file) const {
         return Show(file)["companions"].toArray().first().toObject();
     }
-
-    void ExpectRefused(const QString& file, const QStringList& command, const char* message) const {
-        SCOPED_TRACE(command.join(' ').toStdString());
-        const QByteArray before = Bytes(file);
-        const clitest::CliRun run =
-            Hoard(QStringList{"character", command[0], file} + command.mid(1));
-        EXPECT_EQ(run.status, 1);
-        EXPECT_TRUE(run.err.contains(message)) << run.err.toStdString();
-        EXPECT_EQ(run.err.count('\n'), 1);
-        EXPECT_EQ(Bytes(file), before);
-    }
-
-    QTemporaryDir mUser;
 };
 
 TEST_F(CompanionsCli, AnAnimalCompanionIsShownKeptAndFollowsItsDruid) {

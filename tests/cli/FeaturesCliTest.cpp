@@ -2,50 +2,28 @@
 // prestige level refused with its failing requirements until they are met, and a fall from a
 // class and the atonement that ends it.
 #include "CliRunner.h"
+#include "TestSupport.h"
 
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-QByteArray Bytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-class FeaturesCli : public ::testing::Test {
+class FeaturesCli : public clitest::CliFixture {
 protected:
-    clitest::CliRun Hoard(const QStringList& args) const {
-        return clitest::runHoard(args, mUser.path());
-    }
-
-    QString Make(const QStringList& options) const {
-        const QString file = mUser.path() + "/pc.chr";
-        const clitest::CliRun made = Hoard(QStringList({"character", "new", "--name", "Pc"}) +
-                                           options + QStringList{"-o", file});
-        EXPECT_EQ(made.status, 0) << made.err.toStdString();
-        return file;
-    }
+    QString Make(const QStringList& options) const { return NewCharacter("Pc", options); }
 
     // "name (class)" of every feature the character shows.
     QStringList Features(const QString& file) const {
-        const clitest::CliRun shown = Hoard({"--json", "character", "show", file});
-        EXPECT_EQ(shown.status, 0) << shown.err.toStdString();
         QStringList names;
-        const QJsonArray features =
-            QJsonDocument::fromJson(shown.out.toUtf8()).object()["features"].toArray();
+        const QJsonArray features = Show(file)["features"].toArray();
         for (const QJsonValue value : features)
             names << QStringLiteral("%1 (%2)").arg(value["name"].toString(),
                                                    value["class"].toString());
         return names;
     }
-
-    QTemporaryDir mUser;
 };
 
 TEST_F(FeaturesCli, ARogueOfFiveAndItsTenthLevelPick) {
@@ -55,21 +33,16 @@ TEST_F(FeaturesCli, ARogueOfFiveAndItsTenthLevelPick) {
     for (const char* name : {"Sneak attack +3d6 (Rogue) (Rogue)", "Evasion (Rogue) (Rogue)",
                              "Uncanny dodge (Rogue) (Rogue)", "Trap sense +1 (Rogue) (Rogue)"})
         EXPECT_TRUE(five.contains(name)) << name;
-    EXPECT_FALSE(five.contains("Sneak attack +2d6 (Rogue) (Rogue)"));
+    for (const char* name : {"Sneak attack +2d6", "Sneak attack +1d6", "Improved uncanny dodge"})
+        EXPECT_FALSE(five.contains(QStringLiteral("%1 (Rogue) (Rogue)").arg(name))) << name;
     const clitest::CliRun text = Hoard({"character", "show", file});
     EXPECT_TRUE(text.out.contains("Features:   Sneak attack +3d6 (Rogue)"))
         << text.out.toStdString();
 
     // No pick before level 10; an unknown name is answered with the nearest ones.
-    const QByteArray before = Bytes(file);
-    clitest::CliRun refused = Hoard({"character", "add-feature", file, "Opportunist"});
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_TRUE(refused.err.contains("no feature picks left")) << refused.err.toStdString();
-    refused = Hoard({"character", "add-feature", file, "Oportunist"});
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_TRUE(refused.err.contains("closest: Opportunist (Rogue special ability)"))
-        << refused.err.toStdString();
-    EXPECT_EQ(Bytes(file), before);
+    ExpectRefused(file, {"add-feature", "Opportunist"}, "no feature picks left");
+    ExpectRefused(file, {"add-feature", "Oportunist"},
+                  "closest: Opportunist (Rogue special ability)");
 
     for (int level = 6; level <= 10; ++level)
         ASSERT_EQ(Hoard({"character", "level-up", file, "--class", "Rogue"}).status, 0);
@@ -84,17 +57,17 @@ TEST_F(FeaturesCli, ARogueOfFiveAndItsTenthLevelPick) {
 TEST_F(FeaturesCli, ArcaneArcherRefusedUntilItsRequirementsAreMet) {
     // Base attack +6 from fighter 6, but a human without the bow feats or arcane spells.
     QString file = Make({"--class", "Fighter", "--level", "6"});
-    const QByteArray before = Bytes(file);
+    const QByteArray before = hoardtest::readFile(file);
     clitest::CliRun refused = Hoard({"character", "level-up", file, "--class", "Arcane Archer"});
     EXPECT_EQ(refused.status, 1);
     EXPECT_EQ(refused.err.trimmed(),
               "hoard: Arcane Archer cannot be taken; requirements not met: race: Elf or "
               "Half-elf; Point Blank Shot; Precise Shot; Weapon Focus (longbow or shortbow); "
               "arcane spells of level 1");
-    EXPECT_EQ(Bytes(file), before);
+    EXPECT_EQ(hoardtest::readFile(file), before);
 
     // So is a new character whose earlier classes do not open it; no file is written.
-    const QString never = mUser.path() + "/never.chr";
+    const QString never = UserFile("never.chr");
     refused = Hoard({"character", "new", "--name", "N", "--class", "Fighter", "--level", "6",
                      "--class", "Arcane Archer", "-o", never});
     EXPECT_EQ(refused.status, 1);
@@ -210,13 +183,12 @@ TEST_F(FeaturesCli, PrestigeClassesRefusedUntilTheirRequirementsAreMet) {
                     << step.command.join(' ').toStdString() << ": " << run.err.toStdString();
                 continue;
             }
-            const QByteArray before = Bytes(file);
+            const QByteArray before = hoardtest::readFile(file);
             const clitest::CliRun run =
                 Hoard({"--json", "character", "level-up", file, "--class", c.prestige});
             if (step.failing.isEmpty()) {
                 ASSERT_EQ(run.status, 0) << run.err.toStdString();
-                const QJsonArray classes =
-                    QJsonDocument::fromJson(run.out.toUtf8()).object()["classes"].toArray();
+                const QJsonArray classes = clitest::jsonObject(run)["classes"].toArray();
                 EXPECT_EQ(classes.last()["name"].toString(), c.prestige);
                 EXPECT_EQ(classes.last()["level"].toInt(), 1);
                 continue;
@@ -226,7 +198,7 @@ TEST_F(FeaturesCli, PrestigeClassesRefusedUntilTheirRequirementsAreMet) {
                       QStringLiteral("hoard: %1 cannot be taken; requirements not met: %2\n")
                           .arg(c.prestige, step.failing)
                           .toStdString());
-            EXPECT_EQ(Bytes(file), before);
+            EXPECT_EQ(hoardtest::readFile(file), before);
         }
     }
 }
@@ -236,14 +208,10 @@ TEST_F(FeaturesCli, AFallenPaladinLosesFeaturesAndSpellsUntilItAtones) {
     // adds the Charisma modifier +2 to each: 6, 3, 4. 1st-level spells: 0 from the table
     // + 1 bonus for Wis 12. Features of levels 1 to 4: aura of good, detect evil, smite evil
     // 1/day, divine grace, lay on hands, aura of courage, divine health, turn undead.
-    const QString file = Make({"--class", "Paladin", "--level", "4"});
-    for (const char* ability : {"WIS 12", "CHA 14"}) {
-        const QStringList parts = QString::fromLatin1(ability).split(' ');
-        ASSERT_EQ(Hoard({"character", "set-ability", file, parts[0], parts[1]}).status, 0);
-    }
+    const QString file =
+        NewCharacter("Pc", {"--class", "Paladin", "--level", "4"}, {"WIS", "12", "CHA", "14"});
     const auto state = [this, &file]() {
-        const clitest::CliRun shown = Hoard({"--json", "character", "show", file});
-        const QJsonObject object = QJsonDocument::fromJson(shown.out.toUtf8()).object();
+        const QJsonObject object = Show(file);
         const QJsonObject caster = object["casters"].toArray()[0].toObject();
         return QStringLiteral("features %1, saves %2/%3/%4, 1st-level spells %5%6")
             .arg(object["features"].toArray().size())
@@ -275,7 +243,7 @@ TEST_F(FeaturesCli, AFallenPaladinLosesFeaturesAndSpellsUntilItAtones) {
         << text.out.toStdString();
 
     // While fallen: no paladin level, no prepared spell, no second fall.
-    const QByteArray fallen = Bytes(file);
+    const QByteArray fallen = hoardtest::readFile(file);
     const std::pair<QStringList, QString> refusals[] = {
         {{"level-up", file, "--class", "Paladin"},
          "Paladin has fallen: it takes no new level until it atones"},
@@ -289,7 +257,7 @@ TEST_F(FeaturesCli, AFallenPaladinLosesFeaturesAndSpellsUntilItAtones) {
         const clitest::CliRun run = Hoard(QStringList{"character"} + command);
         EXPECT_EQ(run.status, 1) << command.join(' ').toStdString();
         EXPECT_EQ(run.err.toStdString(), ("hoard: " + message + "\n").toStdString());
-        EXPECT_EQ(Bytes(file), fallen);
+        EXPECT_EQ(hoardtest::readFile(file), fallen);
     }
 
     // Atonement brings every feature back from the first level, and the spells.

@@ -7,18 +7,13 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSet>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-class GenerateCli : public ::testing::Test {
+class GenerateCli : public clitest::CliFixture {
 protected:
-    clitest::CliRun Hoard(const QStringList& args) const {
-        return clitest::runHoard(args, mUser.path());
-    }
-    QTemporaryDir mUser;
 };
 
 TEST_F(GenerateCli, SeededRunsRepeatAndSaveWhereAsked) {
@@ -36,14 +31,13 @@ TEST_F(GenerateCli, SeededRunsRepeatAndSaveWhereAsked) {
                   QStringLiteral("Cleric"));
     }
 
-    const QString folder = mUser.path() + "/out";
+    const QString folder = UserFile("out");
     const clitest::CliRun saved = Hoard(
         {"generate", "monster", "--race", "Ankheg", "--hd", "6", "--count", "2", "-o", folder});
     ASSERT_EQ(saved.status, 0) << saved.err.toStdString();
     EXPECT_EQ(QDir(folder).entryList({"*.mon"}).size(), 2);
     const clitest::CliRun shown = Hoard({"--json", "monster", "show", folder + "/Ankheg 1.mon"});
-    EXPECT_EQ(QJsonDocument::fromJson(shown.out.toUtf8()).object()["size"].toString(),
-              QStringLiteral("Huge"));
+    EXPECT_EQ(clitest::jsonObject(shown)["size"].toString(), QStringLiteral("Huge"));
 }
 
 TEST_F(GenerateCli, EveryMonsterOfAChallengeRatingCanComeUp) {

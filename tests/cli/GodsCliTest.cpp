@@ -4,20 +4,12 @@
 // wizard with Intelligence 16 has 3 bonus languages, 1 with Intelligence 12.
 #include "CliRunner.h"
 
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-QByteArray Bytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QStringList Strings(const QJsonValue& value) {
     QStringList list;
@@ -26,47 +18,19 @@ QStringList Strings(const QJsonValue& value) {
     return list;
 }
 
-class GodsCli : public ::testing::Test {
+class GodsCli : public clitest::CliFixture {
 protected:
-    clitest::CliRun Hoard(const QStringList& args) const {
-        return clitest::runHoard(args, mUser.path());
-    }
-
-    void Ok(const QStringList& args) const {
-        const clitest::CliRun run = Hoard(QStringList{"character"} + args);
-        EXPECT_EQ(run.status, 0) << args.join(' ').toStdString() << ": " << run.err.toStdString();
-    }
-
     QString Make(const QString& className, const QString& ability, int score,
                  const QString& race = QStringLiteral("Human")) const {
-        const QString file = mUser.path() + "/" + className + race + ".chr";
-        Ok({"new", "--name", className, "--race", race, "--class", className, "-o", file});
-        Ok({"set-ability", file, ability, QString::number(score)});
-        return file;
+        return NewCharacter(className + race, {"--race", race, "--class", className},
+                            {ability, QString::number(score)});
     }
 
-    QJsonObject Show(const QString& file) const {
-        const clitest::CliRun shown = Hoard({"--json", "character", "show", file});
-        EXPECT_EQ(shown.status, 0) << shown.err.toStdString();
-        return QJsonDocument::fromJson(shown.out.toUtf8()).object();
-    }
-
-    // Each refusal: exit 1, one line holding `message`, the file as it was.
     void ExpectRefusals(const QString& file,
                         const std::vector<std::pair<QStringList, const char*>>& refusals) const {
-        const QByteArray before = Bytes(file);
-        for (const auto& [command, message] : refusals) {
-            SCOPED_TRACE(command.join(' ').toStdString());
-            const clitest::CliRun run =
-                Hoard(QStringList{"character", command[0], file} + command.mid(1));
-            EXPECT_EQ(run.status, 1);
-            EXPECT_TRUE(run.err.contains(message)) << run.err.toStdString();
-            EXPECT_EQ(run.err.count('\n'), 1);
-            EXPECT_EQ(Bytes(file), before);
-        }
+        for (const auto& [command, message] : refusals)
+            ExpectRefused(file, command, message);
     }
-
-    QTemporaryDir mUser;
 };
 
 TEST_F(GodsCli, AClericsGodAndDomainsOpenTheDomainSlot) {

@@ -4,9 +4,7 @@
 #include "TestSupport.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -36,10 +34,8 @@ struct HandWorked {
     QList<Refusal> refusals;
 };
 
-class HandWorkedSkillsCli : public ::testing::Test {
+class HandWorkedSkillsCli : public clitest::CliFixture {
 protected:
-    CliResult Hoard(const QStringList& args) const { return clitest::runHoard(args, mUser.path()); }
-
     // "add-skill Climb 7" on FILE becomes "character add-skill FILE Climb 7".
     CliResult OnFile(const QString& file, QStringList command) const {
         command.insert(1, file);
@@ -47,20 +43,8 @@ protected:
     }
 
     QString Make(const HandWorked& c) const {
-        const QString file = mUser.path() + "/" + c.name + ".chr";
-        const CliResult made =
-            Hoard(QStringList{"character", "new", "--name", c.name, "-o", file} + c.newArgs);
-        EXPECT_EQ(made.status, 0) << made.err.toStdString();
-        static const char* const kAbilities[] = {"STR", "DEX", "CON", "INT", "WIS", "CHA"};
-        for (int i = 0; i < c.scores.size(); ++i) {
-            const CliResult set = OnFile(file, {"set-ability", kAbilities[i], c.scores[i]});
-            EXPECT_EQ(set.status, 0) << set.err.toStdString();
-        }
-        return file;
+        return NewCharacter(c.name, c.newArgs, InOrder(c.scores));
     }
-
-private:
-    QTemporaryDir mUser;
 };
 
 QJsonObject findByName(const QJsonArray& list, const QString& name) {
@@ -195,7 +179,7 @@ TEST_F(HandWorkedSkillsCli, TotalsPointsAndFeatsMatchTheHandWorkedSheets) {
         }
         const CliResult json = Hoard({"character", "show", file, "--json"});
         ASSERT_EQ(json.status, 0) << json.err.toStdString();
-        const QJsonObject shown = QJsonDocument::fromJson(json.out.toUtf8()).object();
+        const QJsonObject shown = clitest::jsonObject(json);
         for (const SkillLine& expected : c.skills) {
             const QJsonObject skill = findByName(shown["skills"].toArray(), expected.name);
             ASSERT_FALSE(skill.isEmpty()) << expected.name;

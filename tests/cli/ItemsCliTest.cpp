@@ -2,47 +2,23 @@
 // open 3.5 rules (prices from the equipment tables, chainmail +5 armor, -5 check, 30% spell
 // failure, max Dex +2; a heavy steel shield +2, -2, 15%; a longsword 1d8, 19-20).
 #include "CliRunner.h"
+#include "TestSupport.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-QByteArray Bytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-class ItemsCli : public ::testing::Test {
+// A level-5 dwarf fighter with Strength 15 (+2), Dexterity 14 (+2) and 100 gp.
+class ItemsCli : public clitest::CliFixture {
 protected:
-    clitest::CliRun Hoard(const QStringList& args) const {
-        return clitest::runHoard(args, mUser.path());
-    }
-
-    QJsonObject Show(const QString& file) const {
-        const clitest::CliRun shown = Hoard({"--json", "character", "show", file});
-        EXPECT_EQ(shown.status, 0) << shown.err.toStdString();
-        return QJsonDocument::fromJson(shown.out.toUtf8()).object();
-    }
-
-    // A level-5 dwarf fighter with Strength 15 (+2), Dexterity 14 (+2) and 100 gp.
     QString MakeFighter() const {
-        const QString file = mUser.path() + "/tordek.chr";
-        EXPECT_EQ(Hoard({"character", "new", "--name", "Tordek", "--race", "Dwarf", "--class",
-                         "Fighter", "--level", "5", "-o", file})
-                      .status,
-                  0);
-        EXPECT_EQ(Hoard({"character", "set-ability", file, "STR", "15"}).status, 0);
-        EXPECT_EQ(Hoard({"character", "set-ability", file, "DEX", "14"}).status, 0);
-        return file;
+        return NewCharacter("Tordek", {"--race", "Dwarf", "--class", "Fighter", "--level", "5"},
+                            {"STR", "15", "DEX", "14"});
     }
-
-    QTemporaryDir mUser;
 };
 
 TEST_F(ItemsCli, AFighterBuysArmsAndArmor) {
@@ -180,7 +156,7 @@ TEST_F(ItemsCli, RefusalsNameTheReasonAndLeaveTheFile) {
     const QString file = MakeFighter();
     ASSERT_EQ(Hoard({"character", "add-item", file, "Greatsword", "--equip"}).status, 0);
     ASSERT_EQ(Hoard({"character", "add-item", file, "Chainmail", "--equip"}).status, 0);
-    const QByteArray before = Bytes(file);
+    const QByteArray before = hoardtest::readFile(file);
     const struct {
         QStringList args;
         const char* reason;
@@ -201,11 +177,11 @@ TEST_F(ItemsCli, RefusalsNameTheReasonAndLeaveTheFile) {
         EXPECT_EQ(run.status, 1) << c.args.join(' ').toStdString();
         EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
         EXPECT_TRUE(run.err.contains(QLatin1String(c.reason))) << run.err.toStdString();
-        EXPECT_EQ(Bytes(file), before) << c.args.join(' ').toStdString();
+        EXPECT_EQ(hoardtest::readFile(file), before) << c.args.join(' ').toStdString();
     }
     const clitest::CliRun unknown = Hoard({"character", "equip", file, "Rapier"});
     EXPECT_EQ(unknown.status, 1);
-    EXPECT_EQ(Bytes(file), before);
+    EXPECT_EQ(hoardtest::readFile(file), before);
 }
 
 TEST_F(ItemsCli, TheCatalogueListsPriceAndWeight) {

@@ -3,28 +3,19 @@
 // 5 HD, taking Str +8, Dex -2, Con +4 and natural armor +3.
 #include "CliRunner.h"
 
-#include <QFile>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-class MonsterCli : public ::testing::Test {
+class MonsterCli : public clitest::CliFixture {
 protected:
-    clitest::CliRun Hoard(const QStringList& args) const {
-        return clitest::runHoard(args, mUser.path());
-    }
-
     QJsonObject Json(const QStringList& args) const {
         const clitest::CliRun run = Hoard(QStringList{"--json", "monster"} + args);
         EXPECT_EQ(run.status, 0) << run.err.toStdString();
-        return QJsonDocument::fromJson(run.out.toUtf8()).object();
+        return clitest::jsonObject(run);
     }
-
-    QTemporaryDir mUser;
 };
 
 TEST_F(MonsterCli, AnAnkhegGrowsHugeAndBack) {
@@ -33,7 +24,7 @@ TEST_F(MonsterCli, AnAnkhegGrowsHugeAndBack) {
     EXPECT_EQ(base["ac"].toInt(), 10 - 1 + 9);
     EXPECT_EQ(base["grapple"].toInt(), 3 + 5 + 4);
 
-    const QString file = mUser.path() + "/ankheg.mon";
+    const QString file = UserFile("ankheg.mon");
     const QJsonObject huge = Json({"advance", "Ankheg", "--hd", "6", "-o", file});
     EXPECT_EQ(huge["size"].toString(), QStringLiteral("Huge"));
     EXPECT_EQ(huge["hit_dice"].toDouble(), 6.0);

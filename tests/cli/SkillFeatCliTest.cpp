@@ -4,9 +4,7 @@
 #include "TestSupport.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -14,33 +12,16 @@ namespace {
 
 using CommandRun = clitest::CliRun;
 
-CommandRun hoard(const QStringList& args, const QString& userDir) {
-    return clitest::runHoard(args, userDir);
-}
-
-class SkillFeatCli : public ::testing::Test {
+class SkillFeatCli : public clitest::CliFixture {
 protected:
-    void SetUp() override { ASSERT_TRUE(mUser.isValid() && mFiles.isValid()); }
-
-    QString NewCharacter(const QString& className, const QStringList& abilities) {
-        const QString file = mFiles.path() + "/" + className + ".chr";
-        EXPECT_EQ(Run({"character", "new", "--name", className, "--race", "Human", "--class",
-                       className, "-o", file})
-                      .status,
-                  0);
-        for (int i = 0; i + 1 < abilities.size(); i += 2)
-            EXPECT_EQ(
-                Run({"character", "set-ability", file, abilities[i], abilities[i + 1]}).status, 0);
-        return file;
+    QString NewCharacter(const QString& className, const QStringList& abilities) const {
+        return CliFixture::NewCharacter(className, {"--race", "Human", "--class", className},
+                                        abilities);
     }
-
-    CommandRun Run(const QStringList& args) { return hoard(args, mUser.path()); }
 
     // The "skills" entry of that name in `character show --json`.
     QJsonObject Skill(const QString& file, const QString& name) {
-        const CommandRun run = Run({"character", "show", file, "--json"});
-        for (const QJsonValue& skill :
-             QJsonDocument::fromJson(run.out.toUtf8()).object()["skills"].toArray()) {
+        for (const QJsonValue& skill : Show(file)["skills"].toArray()) {
             if (skill["name"].toString() == name)
                 return skill.toObject();
         }
@@ -49,31 +30,27 @@ protected:
 
     // A refused command: status 1 and one line naming `expected`.
     void ExpectRefused(const QStringList& args, const QString& expected) {
-        const CommandRun run = Run(args);
+        const CommandRun run = Hoard(args);
         EXPECT_EQ(run.status, 1) << args.join(' ').toStdString();
         EXPECT_TRUE(run.err.startsWith("hoard: ") && run.err.contains(expected))
             << args.join(' ').toStdString() << "\n  stderr: " << run.err.toStdString();
         EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
     }
-
-private:
-    QTemporaryDir mUser;
-    QTemporaryDir mFiles;
 };
 
 TEST_F(SkillFeatCli, RanksWithinTheLimitAndThePoints) {
     // Human rogue 1, Int 16: (8 + 3) x 4 + 4 = 48 points.
     const QString rogue = NewCharacter("Rogue", {"INT", "16"});
-    EXPECT_EQ(Run({"character", "add-skill", rogue, "Tumble", "4"}).status, 0);
+    EXPECT_EQ(Hoard({"character", "add-skill", rogue, "Tumble", "4"}).status, 0);
     EXPECT_EQ(Skill(rogue, "Tumble")["ranks"].toDouble(), 4.0);
     EXPECT_EQ(Skill(rogue, "Tumble")["total"].toInt(), 4);
     // Cross-class: 1.5 ranks for 3 points; the total counts Int +3 and the whole rank.
-    EXPECT_EQ(Run({"character", "add-skill", rogue, "Spellcraft", "1.5"}).status, 0);
+    EXPECT_EQ(Hoard({"character", "add-skill", rogue, "Spellcraft", "1.5"}).status, 0);
     EXPECT_EQ(Skill(rogue, "Spellcraft")["total"].toInt(), 4);
-    EXPECT_EQ(Run({"character", "add-skill", rogue, "knowledge (arcana)", "2"}).status, 0);
+    EXPECT_EQ(Hoard({"character", "add-skill", rogue, "knowledge (arcana)", "2"}).status, 0);
     EXPECT_EQ(Skill(rogue, "Knowledge (Arcana)")["total"].toInt(), 5);
     // 48 less 4, 3 and 2.
-    const CommandRun shown = Run({"character", "show", rogue});
+    const CommandRun shown = Hoard({"character", "show", rogue});
     EXPECT_TRUE(shown.out.contains("Points left: 39 skill")) << shown.out.toStdString();
 
     ExpectRefused({"character", "add-skill", rogue, "Tumble", "1"},
@@ -89,7 +66,7 @@ TEST_F(SkillFeatCli, RanksWithinTheLimitAndThePoints) {
     // Human wizard 1, Int 10: (2 + 0) x 4 + 4 = 12 points, all spent on three class skills.
     const QString wizard = NewCharacter("Wizard", {});
     for (const char* skill : {"Spellcraft", "Concentration", "Knowledge (Arcana)"})
-        EXPECT_EQ(Run({"character", "add-skill", wizard, skill, "4"}).status, 0) << skill;
+        EXPECT_EQ(Hoard({"character", "add-skill", wizard, skill, "4"}).status, 0) << skill;
     ExpectRefused({"character", "add-skill", wizard, "Decipher Script", "1"},
                   "cost 1 skill points; Wizard has 0 left");
 }
@@ -105,22 +82,22 @@ TEST_F(SkillFeatCli, FeatsWithTheirPrerequisites) {
                   "Weapon Focus needs --target WEAPON");
     ExpectRefused({"character", "add-feat", fighter, "Weapon Focus", "--target", "Longsord"},
                   "closest: Longsword");
-    EXPECT_EQ(Run({"character", "add-feat", fighter, "Power Attack"}).status, 0);
-    EXPECT_EQ(Run({"character", "add-feat", fighter, "Cleave"}).status, 0);
+    EXPECT_EQ(Hoard({"character", "add-feat", fighter, "Power Attack"}).status, 0);
+    EXPECT_EQ(Hoard({"character", "add-feat", fighter, "Cleave"}).status, 0);
     EXPECT_EQ(
-        Run({"character", "add-feat", fighter, "Weapon Focus", "--target", "longsword"}).status, 0);
+        Hoard({"character", "add-feat", fighter, "Weapon Focus", "--target", "longsword"}).status,
+        0);
     ExpectRefused({"character", "add-feat", fighter, "Toughness"}, "no feat points left");
 
-    const CommandRun shown = Run({"character", "show", fighter, "--json"});
-    const QJsonArray feats =
-        QJsonDocument::fromJson(shown.out.toUtf8()).object()["feats"].toArray();
+    const CommandRun shown = Hoard({"character", "show", fighter, "--json"});
+    const QJsonArray feats = clitest::jsonObject(shown)["feats"].toArray();
     ASSERT_EQ(feats.size(), 3) << shown.out.toStdString();
     EXPECT_EQ(feats[0]["name"].toString(), "Cleave");
     EXPECT_TRUE(feats[0]["target"].isNull());
     EXPECT_EQ(feats[2]["name"].toString(), "Weapon Focus");
     EXPECT_EQ(feats[2]["target"].toString(), "Longsword");
 
-    const CommandRun eligible = Run({"feats", "--eligible", fighter});
+    const CommandRun eligible = Hoard({"feats", "--eligible", fighter});
     EXPECT_EQ(eligible.status, 0);
     for (const char* line :
          {"- Great Cleave: needs base attack +4\n", "- Power Attack: already taken\n",

@@ -2,11 +2,8 @@
 // ((score / 2 - level - 1) / 4), built and shown through the program as a player would.
 #include "CliRunner.h"
 
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -28,39 +25,19 @@ Row ToRow(const QJsonValue& value) {
     return row;
 }
 
-QByteArray Bytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-class SpellsCli : public ::testing::Test {
+class SpellsCli : public clitest::CliFixture {
 protected:
-    clitest::CliRun Hoard(const QStringList& args) const {
-        return clitest::runHoard(args, mUser.path());
-    }
-
     // A human of `level` levels of `className` with the casting score set.
     QString Make(const QString& className, int level, const QString& ability, int score) const {
-        const QString file = mUser.path() + "/" + className + ".chr";
-        EXPECT_EQ(Hoard({"character", "new", "--name", className, "--class", className, "--level",
-                         QString::number(level), "-o", file})
-                      .status,
-                  0);
-        EXPECT_EQ(Hoard({"character", "set-ability", file, ability, QString::number(score)}).status,
-                  0);
-        return file;
+        return NewCharacter(className, {"--class", className, "--level", QString::number(level)},
+                            {ability, QString::number(score)});
     }
 
     QJsonObject Caster(const QString& file) const {
-        const clitest::CliRun shown = Hoard({"--json", "character", "show", file});
-        EXPECT_EQ(shown.status, 0) << shown.err.toStdString();
-        const QJsonArray casters =
-            QJsonDocument::fromJson(shown.out.toUtf8()).object()["casters"].toArray();
+        const QJsonArray casters = Show(file)["casters"].toArray();
         EXPECT_EQ(casters.size(), 1);
         return casters.isEmpty() ? QJsonObject() : casters[0].toObject();
     }
-
-    QTemporaryDir mUser;
 };
 
 TEST_F(SpellsCli, HandWorkedCastersShowTheirDayAndTheirAllowance) {
@@ -110,16 +87,8 @@ TEST_F(SpellsCli, LearningAndPreparingRefuseWhatTheRulesDoNotAllow) {
         {{"prepare", "Sleep", "--count", "5"}, "4 level-1 slots left"},
         {{"prepare", "Magic Missile"}, "not in the spellbook"},
     };
-    const QByteArray before = Bytes(file);
-    for (const auto& r : refusals) {
-        SCOPED_TRACE(r.command.join(' ').toStdString());
-        QStringList args = QStringList{"character", r.command[0], file} + r.command.mid(1);
-        const clitest::CliRun run = Hoard(args);
-        EXPECT_EQ(run.status, 1);
-        EXPECT_TRUE(run.err.contains(r.message)) << run.err.toStdString();
-        EXPECT_EQ(run.err.count('\n'), 1);
-        EXPECT_EQ(Bytes(file), before);
-    }
+    for (const auto& r : refusals)
+        ExpectRefused(file, r.command, r.message);
     ASSERT_EQ(Hoard({"character", "prepare", file, "Sleep", "--count", "4"}).status, 0);
     const QJsonObject caster = Caster(file);
     const QJsonObject prepared = caster["prepared"].toArray()[0].toObject();

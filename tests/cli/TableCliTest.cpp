@@ -7,7 +7,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -23,7 +22,7 @@ const char* const kCamp = "die\t1d1\n"
                           "1\t/1\ttext\tSmoke rises\n"
                           "1\t1\ttable\tMissing\n";
 
-class TableCli : public ::testing::Test {
+class TableCli : public clitest::CliFixture {
 protected:
     void SetUp() override {
         ASSERT_TRUE(mUser.isValid());
@@ -33,15 +32,9 @@ protected:
 
     void importTable(const QString& file, const QByteArray& text) {
         ASSERT_TRUE(hoardtest::writeFile(mUser.filePath(file), text));
-        const auto run = hoard({"table", "import", mUser.filePath(file)});
+        const auto run = Hoard({"table", "import", mUser.filePath(file)});
         ASSERT_EQ(run.status, 0) << run.err.toStdString();
     }
-
-    clitest::CliRun hoard(const QStringList& args) const {
-        return clitest::runHoard(args, mUser.path());
-    }
-
-    QTemporaryDir mUser;
 };
 
 QJsonObject result(const QString& kind, const QString& name, int count) {
@@ -53,7 +46,7 @@ QJsonObject result(const QString& kind, const QString& name, int count) {
 TEST_F(TableCli, NestedRollAsJson) {
     // Road's three rows all cover its 1; Camp is rolled twice, each time giving its text
     // (1 / 1 = 1) and its missing table.
-    const auto run = hoard({"--json", "table", "roll", "Road"});
+    const auto run = Hoard({"--json", "table", "roll", "Road"});
     ASSERT_EQ(run.status, 0) << run.err.toStdString();
     QJsonObject missing = result("table", "Missing", 1);
     missing.insert("problem", "no table named 'Missing'");
@@ -68,11 +61,11 @@ TEST_F(TableCli, NestedRollAsJson) {
     nobody.insert("problem", "no character named 'Nobody'");
     const QJsonObject expected{
         {"table", "Road"}, {"roll", 1}, {"results", QJsonArray{camp, wolf, nobody}}};
-    EXPECT_EQ(QJsonDocument::fromJson(run.out.toUtf8()).object(), expected);
+    EXPECT_EQ(clitest::jsonObject(run), expected);
 }
 
 TEST_F(TableCli, NestedResultsAreIndentedUnderTheirRow) {
-    const auto run = hoard({"table", "roll", "road", "--count", "2"});
+    const auto run = Hoard({"table", "roll", "road", "--count", "2"});
     ASSERT_EQ(run.status, 0) << run.err.toStdString();
     const QStringList once{"Road (1d1): 1",
                            "  table Camp x2, rolled 1, 1",
@@ -88,9 +81,9 @@ TEST_F(TableCli, NestedResultsAreIndentedUnderTheirRow) {
 TEST_F(TableCli, SeededRollsRepeatAndFollowTheRows) {
     importTable("Percent.tsv", "die\t1d100\n1-50\t1\ttext\tlow\n51-100\t1\ttext\thigh\n");
     const QStringList args{"--seed", "7", "--json", "table", "roll", "Percent", "--count", "20"};
-    const auto first = hoard(args);
+    const auto first = Hoard(args);
     ASSERT_EQ(first.status, 0) << first.err.toStdString();
-    EXPECT_EQ(hoard(args).out, first.out);
+    EXPECT_EQ(Hoard(args).out, first.out);
     const QJsonArray rolls = QJsonDocument::fromJson(first.out.toUtf8()).array();
     ASSERT_EQ(rolls.size(), 20);
     QSet<int> seen;
@@ -105,19 +98,19 @@ TEST_F(TableCli, SeededRollsRepeatAndFollowTheRows) {
 }
 
 TEST_F(TableCli, ExportGivesBackTheImportedText) {
-    const auto run = hoard({"table", "export", "Road"});
+    const auto run = Hoard({"table", "export", "Road"});
     ASSERT_EQ(run.status, 0) << run.err.toStdString();
     EXPECT_EQ(run.out.toStdString(), kRoad);
 
     // Imported again under another name, it exports the same.
     importTable("Copy.tsv", run.out.toUtf8());
-    EXPECT_EQ(hoard({"table", "export", "Copy"}).out.toStdString(), kRoad);
+    EXPECT_EQ(Hoard({"table", "export", "Copy"}).out.toStdString(), kRoad);
 }
 
 TEST_F(TableCli, ListAndShow) {
     ASSERT_TRUE(hoardtest::writeFile(mUser.filePath("x.tsv"), kCamp));
-    ASSERT_EQ(hoard({"table", "import", mUser.filePath("x.tsv"), "-o", "Camp Two"}).status, 0);
-    const auto list = hoard({"--json", "table", "list"});
+    ASSERT_EQ(Hoard({"table", "import", mUser.filePath("x.tsv"), "-o", "Camp Two"}).status, 0);
+    const auto list = Hoard({"--json", "table", "list"});
     ASSERT_EQ(list.status, 0) << list.err.toStdString();
     QStringList user;
     for (const QJsonValue& entry : QJsonDocument::fromJson(list.out.toUtf8()).array()) {
@@ -127,7 +120,7 @@ TEST_F(TableCli, ListAndShow) {
     user.sort();
     EXPECT_EQ(user, (QStringList{"Camp 1d1", "Camp Two 1d1", "Road 1d1"}));
 
-    const auto show = hoard({"table", "show", "Road"});
+    const auto show = Hoard({"table", "show", "Road"});
     ASSERT_EQ(show.status, 0);
     EXPECT_TRUE(show.out.contains("monster   Wolf (HD 4)")) << show.out.toStdString();
     EXPECT_TRUE(show.out.contains("warning: rows 1, 2 and 3 cover 1")) << show.out.toStdString();
@@ -152,7 +145,7 @@ TEST_F(TableCli, BadInputIsOneLineAndStatusOne) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.args.join(' ').toStdString());
-        const auto run = hoard(c.args);
+        const auto run = Hoard(c.args);
         EXPECT_EQ(run.status, 1);
         EXPECT_TRUE(run.err.contains(c.message)) << run.err.toStdString();
         EXPECT_EQ(run.err.count('\n'), 1) << run.err.toStdString();
@@ -163,7 +156,7 @@ TEST_F(TableCli, BadInputIsOneLineAndStatusOne) {
 TEST_F(TableCli, OverlapsAndGapsWarnButImport) {
     const QString path = mUser.filePath("Holes.tsv");
     ASSERT_TRUE(hoardtest::writeFile(path, "die\t1d6\n1-3\t1\ttext\ta\n3-4\t1\ttext\tb\n"));
-    const auto run = hoard({"table", "import", path});
+    const auto run = Hoard({"table", "import", path});
     EXPECT_EQ(run.status, 0);
     EXPECT_TRUE(run.err.contains(path + ": warning: rows 1 and 2 cover 3"))
         << run.err.toStdString();

@@ -6,27 +6,22 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-class TreasureCli : public ::testing::Test {
+class TreasureCli : public clitest::CliFixture {
 protected:
-    clitest::CliRun Hoard(const QStringList& args) const {
-        return clitest::runHoard(args, mUser.path());
-    }
-    QTemporaryDir mUser;
 };
 
 TEST_F(TreasureCli, SeededHoardsRepeatAddUpAndKeep) {
-    const QString file = mUser.path() + "/hoard.trs";
+    const QString file = UserFile("hoard.trs");
     const QStringList args = {"--seed", "9", "--json", "treasure", "--el", "14", "-o", file};
     const clitest::CliRun first = Hoard(args);
     ASSERT_EQ(first.status, 0) << first.err.toStdString();
     EXPECT_EQ(Hoard(args).out, first.out);
-    const QJsonObject hoard = QJsonDocument::fromJson(first.out.toUtf8()).object();
+    const QJsonObject hoard = clitest::jsonObject(first);
     EXPECT_EQ(hoard["el"].toInt(), 14);
     const QJsonObject coins = hoard["coins"].toObject();
     double total = coins["cp"].toInt() / 100.0 + coins["sp"].toInt() / 10.0 + coins["gp"].toInt() +
@@ -37,7 +32,7 @@ TEST_F(TreasureCli, SeededHoardsRepeatAddUpAndKeep) {
 
     const clitest::CliRun shown = Hoard({"--json", "treasure", "show", file});
     ASSERT_EQ(shown.status, 0) << shown.err.toStdString();
-    const QJsonObject kept = QJsonDocument::fromJson(shown.out.toUtf8()).object();
+    const QJsonObject kept = clitest::jsonObject(shown);
     EXPECT_EQ(kept["items"], hoard["items"]);
     EXPECT_EQ(kept["coins"], hoard["coins"]);
 
@@ -64,7 +59,7 @@ TEST_F(TreasureCli, MagicItemsComeOfTheClassAndKindAsked) {
 }
 
 TEST_F(TreasureCli, RefusalsNameTheReason) {
-    const QString junk = mUser.path() + "/junk.trs";
+    const QString junk = UserFile("junk.trs");
     QFile file(junk);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("not a treasure at all");

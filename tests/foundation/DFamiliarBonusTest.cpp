@@ -4,6 +4,7 @@
 
 #include "DSimpleInfo.h"
 #include "FCArchive.h"
+#include "FCReleaser.h"
 
 #include <QByteArray>
 #include <QDataStream>
@@ -17,10 +18,7 @@
 
 namespace {
 
-struct ReleaseObject {
-    void operator()(FCObject* object) const { object->Release(); }
-};
-using ObjectPtr = std::unique_ptr<FCObject, ReleaseObject>;
+using ObjectPtr = FCRef<FCObject>;
 
 const QUuid kSpot("{6A1F3C2E-8B4D-4E5F-9A0B-1C2D3E4F5A6B}");
 const QUuid kSubSkill("{7B2E4D3F-9C5E-4F6A-8B1C-2D3E4F5A6B7C}");
@@ -82,43 +80,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(FamiliarBonus, ArchiveRoundTrip) {
-    struct Case {
-        const char* what;
-        qint32 type;
-        qint32 value;
-        QByteArray target;
-    };
-    // Type 10 names a skill; the sub-skill half and the number travel with it.
-    const Case cases[] = {
-        {"skill bonus with target", 10, 3, targetObject(kSpot, kSubSkill, 7)},
-        {"target with null guids", 10, 2, targetObject(QUuid(), QUuid(), -1)},
-        {"no target", 4, -2, kNoObject},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        const QByteArray bytes = bonusObject(c.type, c.value, c.target);
-        bool ok = false;
-        const ObjectPtr loaded = load(bytes, &ok);
-        ASSERT_TRUE(ok);
-        const DFamiliarBonus* bonus = asBonus(loaded);
-        ASSERT_NE(bonus, nullptr);
-        EXPECT_EQ(bonus->GetBonusType(), c.type);
-        EXPECT_EQ(bonus->GetBonus(), c.value);
-        const bool hasTarget = c.target != kNoObject;
-        ASSERT_EQ(bonus->GetTargetData() != nullptr, hasTarget);
-        if (hasTarget) {
-            EXPECT_STREQ(bonus->GetTargetData()->GetClassInfoA()->GetClassName(), "DTargetData");
-        }
-        EXPECT_EQ(store(bonus), bytes);
-    }
-
-    DFamiliarBonus built;
-    built.SetBonusType(4);
-    built.SetBonus(-2);
-    EXPECT_EQ(store(&built), bonusObject(4, -2, kNoObject));
-}
 
 TEST_F(FamiliarBonus, ReadingIntoABonusReplacesItsTarget) {
     const ObjectPtr withTarget = load(bonusObject(10, 3, targetObject(kSpot, kSubSkill, 7)));

@@ -27,6 +27,7 @@
 #include "DSpellLevelInfo.h"
 #include "DSpellsPerInfo.h"
 #include "DSubSkillInfo.h"
+#include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include "Connection.h"
@@ -183,10 +184,7 @@ const std::vector<Table>& rulesTables() {
     return tables;
 }
 
-struct ReleaseObject {
-    void operator()(FCObject* object) const { object->Release(); }
-};
-using RecordPtr = std::unique_ptr<DInfo, ReleaseObject>;
+using RecordPtr = FCRef<DInfo>;
 template <typename Record> RecordPtr makeRecord() {
     return RecordPtr(new Record);
 }
@@ -325,11 +323,6 @@ TEST_F(RuleRecords, CachedColumnPositionsServeASecondStatement) {
 TEST_F(RuleRecords, AlignmentOneStepAway) {
     DAlignmentInfo neutralGood;
     ASSERT_TRUE(fill(where("[info Alignment]", "ID", 2), neutralGood));
-    EXPECT_EQ(neutralGood.GetAlignmentId(), 2);
-    EXPECT_EQ(neutralGood.GetSortValue(), 20);
-    EXPECT_EQ(neutralGood.GetAlignmentName(), "Neutral Good");
-    EXPECT_EQ(neutralGood.GetAlignmentShortName(), "NG");
-
     // 1 LG, 2 NG, 3 CG, 4 LN, 5 N, 6 CN, 7 LE, 8 NE, 9 CE.
     const std::pair<int, bool> cases[] = {{2, true},  {1, true},  {3, true},  {5, true},
                                           {4, false}, {6, false}, {8, false}, {9, false}};

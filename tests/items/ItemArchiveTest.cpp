@@ -83,18 +83,6 @@ TEST(ItemArchive, ItemsChosenItemsAndCollectionsComeBackWithEveryField) {
     EXPECT_EQ(TestRecord::sLive, liveBefore);
 }
 
-TEST(ItemArchive, ChosenItemKeepsIdAndLocation) {
-    DChosenItem item(12, nullptr);
-    item.SetItemLocation(DChosenItem::kLocationSecondShield);
-    item.SetCount(4);
-    Ref<DChosenItem> read = roundTrip(item);
-    ASSERT_TRUE(read);
-    EXPECT_EQ(read->GetItemId(), 12);
-    EXPECT_EQ(read->GetItemLocation(), DChosenItem::kLocationSecondShield);
-    EXPECT_EQ(read->GetCount(), 4);
-    EXPECT_EQ(read->GetItemInfo(), nullptr);
-}
-
 TEST(ItemArchive, SmallRecordsComeBack) {
     DMagicSpecialAbility ability(3, 4, 5, 2);
     ability.SetTargetData(makeRecord(1).get());

@@ -241,7 +241,10 @@ Ref<DItemCollection> sampleCollection() {
             info->GetItemType() == kItemPotion)
             add(new DItem, info.get(), 0, 3);
     }
-    add(new DItem, nullptr, DItem::kItemFlagUnarmed, 1);
+    // A chosen item in a second place, with no info.
+    auto* shield = new DChosenItem(12, nullptr);
+    shield->SetItemLocation(DChosenItem::kLocationSecondShield);
+    add(shield, nullptr, DItem::kItemFlagUnarmed, 4);
     return collection;
 }
 

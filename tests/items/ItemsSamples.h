@@ -18,7 +18,8 @@ std::vector<Ref<DItemInfo>> sampleInfos();
 // A +2/+1 double weapon with two abilities (one with a target), a target and intelligent and
 // cursed data; its base is a flagged copy of sampleWeapon(), so it is stored in full.
 Ref<DCustomMagicItemInfo> sampleCustom();
-// Items of every kind: shared weapon, flagged weapon, custom, scroll, wondrous, potion, no info.
+// Items of every kind: shared weapon, flagged weapon, custom, scroll, wondrous, potion, and a
+// chosen item with no info.
 Ref<DItemCollection> sampleCollection();
 
 } // namespace itemstest

@@ -2,6 +2,7 @@
 
 #include "FCArchive.h"
 #include "FCObject.h"
+#include "FCReleaser.h"
 
 #include <QByteArray>
 #include <QUuid>
@@ -30,14 +31,7 @@ public:
     static int sLive;
 };
 
-// Releases instead of deleting.
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-template <typename T> using Ref = std::unique_ptr<T, Releaser>;
+template <typename T> using Ref = FCRef<T>;
 
 // A new TestRecord with one reference, as the loaders hand them out.
 Ref<TestRecord> makeRecord(int n);

@@ -11,6 +11,7 @@
 #include "DOptions.h"
 #include "DOutput.h"
 #include "DSkillInfo.h"
+#include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
@@ -23,13 +24,7 @@
 
 namespace outputtest {
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-using CharacterRef = std::unique_ptr<DCharacter, Releaser>;
+using CharacterRef = FCRef<DCharacter>;
 
 // The built data (rules, ready races, style sheets) and a scratch user folder for the
 // working files of each test.
@@ -68,32 +63,9 @@ protected:
         return character;
     }
 
-    static QUuid ClassGuid(const QString& name) {
-        for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
-            if (static_cast<const DClassInfo*>(info)->mName == name)
-                return guid;
-        }
-        ADD_FAILURE() << "no class " << name.toStdString();
-        return QUuid();
-    }
-
-    static QUuid FeatGuid(const QString& name) {
-        for (const auto& [guid, info] : DDatabase::GetFeatInfoMap()) {
-            if (static_cast<const DFeatInfo*>(info)->GetFeatName() == name)
-                return guid;
-        }
-        ADD_FAILURE() << "no feat " << name.toStdString();
-        return QUuid();
-    }
-
-    static QUuid SkillGuid(const QString& name) {
-        for (const auto& [guid, info] : DDatabase::GetSkillInfoMap()) {
-            if (static_cast<const DSkillInfo*>(info)->GetSkillName() == name)
-                return guid;
-        }
-        ADD_FAILURE() << "no skill " << name.toStdString();
-        return QUuid();
-    }
+    static QUuid ClassGuid(const QString& name) { return hoardtest::classGuid(name); }
+    static QUuid FeatGuid(const QString& name) { return hoardtest::featGuid(name); }
+    static QUuid SkillGuid(const QString& name) { return hoardtest::skillGuid(name); }
 
     // Tordek as `hoard demo` builds him: a dwarf fighter 4 rolled 15/13/14/10/12/8, 4 ranks of
     // Climb, Power Attack and Cleave.

@@ -180,37 +180,6 @@ TEST(AbilityRoll, MethodsWithoutDiceRollNothing) {
     }
 }
 
-TEST(AbilityRoll, SixScoresFollowTheDiceInTurn) {
-    const struct {
-        DRollMethodType method;
-        int dice;
-        int dropped;
-    } cases[] = {{kRoll4d6DropLowest, 4, 1},
-                 {kRoll4d6InOrderRerollOne, 4, 1},
-                 {kRoll3d6, 3, 0},
-                 {kRoll3d6InOrder, 3, 0},
-                 {kRoll5d6DropTwoLowest, 5, 2},
-                 {kRoll4d6ReplaceLowest, 4, 1}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(int(c.method));
-        const std::vector<int> all = drawDice(2026, 6 * c.dice);
-        std::vector<int> expected;
-        for (int slot = 0; slot < 6; ++slot)
-            expected.push_back(keptSum(
-                std::vector<int>(all.begin() + slot * c.dice, all.begin() + (slot + 1) * c.dice),
-                c.dropped));
-        FC::SeedRandom(2026);
-        FCArray<int> scores;
-        scores.Add(1);
-        DHandBook::RollAbilityStats(c.method, scores);
-        EXPECT_EQ(toVector(scores), expected);
-        for (int score : expected) {
-            EXPECT_GE(score, 3);
-            EXPECT_LE(score, 18);
-        }
-    }
-}
-
 TEST_F(AbilityTest, TheRaceGivesTheScoresAndAnEvenAdjustment) {
     const int kNull = -1;
     const struct {

@@ -216,11 +216,7 @@ TEST_F(CompanionsTest, WhoMayHaveWhichCompanionAndAtWhatLevel) {
 // saves, a cat +3 on Move Silently. Each familiar that replaces another takes the other's gift
 // back first; letting the last go leaves the master as he was.
 TEST_F(CompanionsTest, AFamiliarsGiftComesAndGoesWithIt) {
-    QUuid moveSilently;
-    for (const auto& [guid, info] : DDatabase::GetSkillInfoMap()) {
-        if (static_cast<const DSkillInfo*>(info)->GetSkillName() == "Move Silently")
-            moveSilently = guid;
-    }
+    const QUuid moveSilently = SkillGuid("Move Silently");
     ASSERT_FALSE(moveSilently.isNull());
     Ref<DCharacter> master = Master("Sorcerer", 2);
     const int hitPoints = master->GetCharacterStat(kStatHitPoints);

@@ -60,15 +60,6 @@ protected:
             return std::string();
         return DHandBook::BuildFeatPrereqString(failing).toStdString();
     }
-
-    static QUuid SkillGuid(const QString& name) {
-        for (const auto& [guid, info] : DDatabase::GetSkillInfoMap()) {
-            if (static_cast<const DSkillInfo*>(info)->GetSkillName() == name)
-                return guid;
-        }
-        ADD_FAILURE() << "no skill " << name.toStdString();
-        return QUuid();
-    }
 };
 
 TEST_F(FeatTest, FeatPointsAndBonusFeats) {

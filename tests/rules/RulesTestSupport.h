@@ -9,6 +9,7 @@
 #include "DObjectManager.h"
 #include "DOptions.h"
 #include "DRace.h"
+#include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
@@ -21,13 +22,7 @@
 
 namespace rulestest {
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-template <typename T> using Ref = std::unique_ptr<T, Releaser>;
+template <typename T> using Ref = FCRef<T>;
 
 // The built rules database for the whole suite, and a scratch user folder per test that race
 // files are written to.
@@ -43,24 +38,9 @@ protected:
         QDir().mkpath(mUserDir.path() + "/Races");
     }
 
-    // The guid of the class of that name in the rules database; null if there is none.
-    static QUuid ClassGuid(const QString& name) {
-        for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
-            if (static_cast<const DClassInfo*>(info)->mName == name)
-                return guid;
-        }
-        ADD_FAILURE() << "no class " << name.toStdString();
-        return QUuid();
-    }
-
-    static QUuid FeatGuid(const QString& name) {
-        for (const auto& [guid, info] : DDatabase::GetFeatInfoMap()) {
-            if (static_cast<const DFeatInfo*>(info)->GetFeatName() == name)
-                return guid;
-        }
-        ADD_FAILURE() << "no feat " << name.toStdString();
-        return QUuid();
-    }
+    static QUuid ClassGuid(const QString& name) { return hoardtest::classGuid(name); }
+    static QUuid FeatGuid(const QString& name) { return hoardtest::featGuid(name); }
+    static QUuid SkillGuid(const QString& name) { return hoardtest::skillGuid(name); }
 
     // Saves `race` as a user race and returns the catalogue entry that names it.
     Ref<DFileObject> SaveRace(DRace& race, const QString& name) {

@@ -30,15 +30,6 @@ protected:
         return character;
     }
 
-    static QUuid SkillGuid(const QString& name) {
-        for (const auto& [guid, info] : DDatabase::GetSkillInfoMap()) {
-            if (static_cast<const DSkillInfo*>(info)->GetSkillName() == name)
-                return guid;
-        }
-        ADD_FAILURE() << "no skill " << name.toStdString();
-        return QUuid();
-    }
-
     static float Total(const DCharacter& character, const QString& skill) {
         const DChosenSkill* record = character.GetSkillPointer(SkillGuid(skill), QUuid());
         return record ? record->GetTotalBonus() : -99.0f;

@@ -20,15 +20,6 @@ protected:
         return SaveRace(race, "plain");
     }
 
-    static QUuid SkillGuid(const QString& name) {
-        for (const auto& [guid, info] : DDatabase::GetSkillInfoMap()) {
-            if (static_cast<const DSkillInfo*>(info)->GetSkillName() == name)
-                return guid;
-        }
-        ADD_FAILURE() << "no skill " << name.toStdString();
-        return QUuid();
-    }
-
     static int Spent(const DCharacter& character, const QString& className) {
         return character.GetClassPointer(ClassGuid(className))->GetSpentSkillPoints();
     }

@@ -1,11 +1,16 @@
 #include "TestSupport.h"
 
+#include "DClassInfo.h"
 #include "DDatabase.h"
+#include "DFeatInfo.h"
+#include "DSkillInfo.h"
 
 #include "Connection.h"
 #include "DriverManager.h"
 
 #include <QFile>
+
+#include <gtest/gtest.h>
 
 #include <memory>
 
@@ -35,6 +40,40 @@ void addRequiredTables(const QString& databasePath) {
     for (const int table : DDatabase::GetRequiredTables())
         connection->execute(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (Id INTEGER)")
                                 .arg(DDatabase::GetTableName(table)));
+}
+
+namespace {
+
+template <typename Map, typename NameOf>
+QUuid guidNamed(const Map& map, const QString& name, NameOf nameOf, const char* what) {
+    for (const auto& [guid, info] : map) {
+        if (nameOf(info) == name)
+            return guid;
+    }
+    ADD_FAILURE() << "no " << what << ' ' << name.toStdString();
+    return QUuid();
+}
+
+} // namespace
+
+QUuid classGuid(const QString& name) {
+    return guidNamed(
+        DDatabase::GetClassInfoMap(), name,
+        [](const DInfo* info) { return static_cast<const DClassInfo*>(info)->mName; }, "class");
+}
+
+QUuid featGuid(const QString& name) {
+    return guidNamed(
+        DDatabase::GetFeatInfoMap(), name,
+        [](const DInfo* info) { return static_cast<const DFeatInfo*>(info)->GetFeatName(); },
+        "feat");
+}
+
+QUuid skillGuid(const QString& name) {
+    return guidNamed(
+        DDatabase::GetSkillInfoMap(), name,
+        [](const DInfo* info) { return static_cast<const DSkillInfo*>(info)->GetSkillName(); },
+        "skill");
 }
 
 } // namespace hoardtest

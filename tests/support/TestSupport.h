@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QTemporaryDir>
+#include <QUuid>
 
 namespace hoardtest {
 
@@ -17,5 +18,11 @@ QByteArray readFile(const QString& path);
 // Gives a hand-made SQLite database the (empty) tables that DDatabase::StartUp requires, so
 // that a test can fill only the rows it reads.
 void addRequiredTables(const QString& databasePath);
+
+// The GUID of the class, feat or skill of that name in the open rules database; null, and a
+// test failure, when there is none.
+QUuid classGuid(const QString& name);
+QUuid featGuid(const QString& name);
+QUuid skillGuid(const QString& name);
 
 } // namespace hoardtest

@@ -134,17 +134,6 @@ TEST_F(IntelligentItemTest, GeneratedMindsFollowTheCapabilityTable) {
 }
 
 TEST_F(IntelligentItemTest, CursedItemsCostNothingAndSubstitutesTheirListPrice) {
-    // A ring with a common curse keeps no market price.
-    FCRef<DRingInfo> ring(new DRingInfo);
-    FCRef<DItem> cursed(new DItem);
-    cursed->SetItemInfo(ring.get());
-    cursed->SetMarketCost(2000, 2);
-    FCRef<DCursedData> curse(new DCursedData(1));
-    ring->SetCursedData(curse.get());
-    DCurrency cost;
-    cursed->GetMarketCost(cost);
-    EXPECT_TRUE(cost.IsEmpty());
-
     // The specific cursed items and their list prices in gold (the bag of devouring and the
     // crystal hypnosis ball have none).
     const std::map<QString, int> prices = {{"Incense of obsession", 200},

@@ -16,6 +16,7 @@
 #include "DObjectManager.h"
 #include "DOptions.h"
 #include "FCRandom.h"
+#include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include <QApplication>
@@ -35,13 +36,7 @@
 
 namespace {
 
-struct Releaser {
-    void operator()(FCObject* object) const {
-        if (object)
-            object->Release();
-    }
-};
-template <typename T> using Ref = std::unique_ptr<T, Releaser>;
+template <typename T> using Ref = FCRef<T>;
 
 template <typename T> T* part(const QWidget& dialog, const QString& name) {
     T* widget = dialog.findChild<T*>(name);
@@ -88,11 +83,7 @@ protected:
         Ref<DCharacter> character(new DCharacter());
         DHandBook::SetupCharacterWithRace(character.get(), entry.get());
         EXPECT_NE(character->GetRace(), nullptr) << race.toStdString();
-        QUuid guid;
-        for (const auto& [id, info] : DDatabase::GetClassInfoMap()) {
-            if (static_cast<const DClassInfo*>(info)->mName == className)
-                guid = id;
-        }
+        const QUuid guid = hoardtest::classGuid(className);
         for (int level = 0; level < levels; ++level)
             character->AddHistory(guid, 1.0f);
         DHandBook::CharacterSetup(character.get(), true);

@@ -57,14 +57,6 @@ QStringList results(const TableGenFrame& frame) {
     return rows;
 }
 
-QUuid classGuid(const QString& name) {
-    for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
-        if (static_cast<const DClassInfo*>(info)->mName == name)
-            return guid;
-    }
-    return QUuid();
-}
-
 // A lawful good human paladin of the first level, kept as Character/NAME.chr.
 void saveHero(const QString& folder, const QString& name) {
     FCRef<DFileObject> human(
@@ -73,7 +65,7 @@ void saveHero(const QString& folder, const QString& name) {
     DHandBook::SetupCharacterWithRace(hero.get(), human.get());
     hero->SetCharacterName(FCString(name));
     hero->SetAlignmentId(9);
-    hero->AddHistory(classGuid(QStringLiteral("Paladin")), 1.0f);
+    hero->AddHistory(hoardtest::classGuid(QStringLiteral("Paladin")), 1.0f);
     DHandBook::CharacterSetup(hero.get(), true);
     ASSERT_TRUE(hero->SaveToFile(FCString(folder + "/" + name + ".chr")));
 }
@@ -196,7 +188,8 @@ TEST(TableGenFrameTest, ResultsOpenWithTheirRowsOverrides) {
     ASSERT_NE(built->GetRace(), nullptr);
     EXPECT_EQ(QString(built->GetRace()->GetRaceName()), QStringLiteral("Elf"));
     EXPECT_EQ(built->GetAlignmentId(), 12);
-    const DCharacterClass* paladin = built->GetClassPointer(classGuid(QStringLiteral("Paladin")));
+    const DCharacterClass* paladin =
+        built->GetClassPointer(hoardtest::classGuid(QStringLiteral("Paladin")));
     ASSERT_NE(paladin, nullptr);
     EXPECT_EQ(paladin->GetLevel(), 3.0f);
     EXPECT_TRUE(paladin->GetIsExClass());
