@@ -40,14 +40,6 @@ protected:
     }
     static void TearDownTestSuite() { DDatabase::ShutDown(); }
 
-    static QString Name(int table, const QUuid& guid) {
-        QString name;
-        DDatabase::FirstRow(QString::asprintf("SELECT Name FROM %s WHERE (Guid=%s)",
-                                              DRulesQuery::Table(table).constData(),
-                                              DRulesQuery::Guid(guid).constData()),
-                            [&name](odbc::ResultSet* row) { name = row->getString(1); });
-        return name;
-    }
     static int MaterialCost(const QUuid& spell) {
         int cost = 0;
         DDatabase::FirstRow(QString::asprintf("SELECT MaterialCost FROM %s WHERE (Guid=%s)",
@@ -113,14 +105,14 @@ TEST_F(MagicItemTest, ScrollsAndWandsArePricedBySpellLevelAndCasterLevel) {
                                   MaterialCost(wand->GetSpellGuid()) * wand->GetCharges());
                 // Some wands name a higher caster level ("fireball (10th)"), none a lower one.
                 EXPECT_GE(wand->GetCasterLevel(),
-                          LowestCasterLevel(Name(kTableClass, wand->GetCasterClassGuid()), level))
-                    << Name(kTableSpell, wand->GetSpellGuid()).toStdString();
+                          LowestCasterLevel(DRulesQuery::NameByGuid(kTableClass, wand->GetCasterClassGuid()), level))
+                    << DRulesQuery::NameByGuid(kTableSpell, wand->GetSpellGuid()).toStdString();
             }
             for (const DSpellBase* spell : spells)
                 EXPECT_EQ(spell->GetCasterLevel(),
-                          LowestCasterLevel(Name(kTableClass, spell->GetCasterClassGuid()),
+                          LowestCasterLevel(DRulesQuery::NameByGuid(kTableClass, spell->GetCasterClassGuid()),
                                             spell->GetSpellLevel()))
-                    << Name(kTableSpell, spell->GetSpellGuid()).toStdString();
+                    << DRulesQuery::NameByGuid(kTableSpell, spell->GetSpellGuid()).toStdString();
             EXPECT_EQ(Copper(*item), expected) << seed;
         }
     }

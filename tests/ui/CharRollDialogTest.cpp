@@ -4,17 +4,15 @@
 // point-buy table (15 for 8, 18 for 16, 21 for 25); increases come every fourth level.
 #include "D_UICharRollDialog.h"
 
+#include "BuiltRulesTest.h"
 #include "DCharHistory.h"
 #include "DCharStatType.h"
 #include "DCharacter.h"
-#include "DClassInfo.h"
 #include "DDatabase.h"
 #include "DDieRoller.h"
-#include "DFailureReporter.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "DObjectManager.h"
-#include "DOptions.h"
 #include "FCRandom.h"
 #include "FCReleaser.h"
 #include "TestSupport.h"
@@ -25,7 +23,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -61,22 +58,8 @@ std::vector<int> diceOf(const D_UICharRollDialog& dialog, int row) {
     return std::vector<int>(dice.begin(), dice.end());
 }
 
-class CharRollDialogTest : public ::testing::Test {
+class CharRollDialogTest : public hoardtest::BuiltRulesTest {
 protected:
-    void SetUp() override {
-        ASSERT_NE(qobject_cast<QApplication*>(QCoreApplication::instance()), nullptr);
-        ASSERT_TRUE(mUser.isValid());
-        DFailureReporter::SetQuiet(true);
-        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
-        DOptions::SetUserDataPath(FCString(mUser.path()));
-        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
-        DObjectManager::StartUp();
-    }
-    void TearDown() override {
-        DDatabase::ShutDown();
-        DFailureReporter::SetQuiet(false);
-    }
-
     static Ref<DCharacter> Character(const QString& race, const QString& className, int levels) {
         Ref<DFileObject> entry(
             DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString(race + ".rac")));
@@ -106,7 +89,6 @@ protected:
     }
 
 private:
-    QTemporaryDir mUser;
 };
 
 } // namespace

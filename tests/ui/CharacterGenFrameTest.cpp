@@ -2,18 +2,15 @@
 // is known by hand.
 #include "D_UICharacterGenFrame.h"
 
+#include "BuiltRulesTest.h"
 #include "DCharacter.h"
 #include "DCharacterClass.h"
-#include "DClassInfo.h"
 #include "DDatabase.h"
-#include "DFailureReporter.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "DObjectManager.h"
 #include "DOptions.h"
 #include "DRace.h"
-#include "DTable.h"
-#include "DTableText.h"
 #include "FCRandom.h"
 #include "FCReleaser.h"
 #include "TestSupport.h"
@@ -30,44 +27,24 @@
 
 namespace {
 
-class CharacterGenFrameTest : public ::testing::Test {
+class CharacterGenFrameTest : public hoardtest::BuiltRulesTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(mUser.isValid());
-        ASSERT_TRUE(QDir(mUser.path()).mkpath("Characters"));
-        DFailureReporter::SetQuiet(true);
-        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
-        DOptions::SetUserDataPath(FCString(mUser.path()));
-        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
-        DObjectManager::StartUp();
-    }
-    void TearDown() override {
-        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
-        DDatabase::ShutDown();
-        DFailureReporter::SetQuiet(false);
-    }
-
-    template <typename T> static T* child(const QWidget& frame, const char* name) {
-        auto* widget = frame.findChild<T*>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
     // Fixes race, class, alignment and level.
     static void choose(const QWidget& frame, const QString& race, const QString& className,
                        const QString& alignment, int level) {
         for (const auto& [name, text] :
              {std::pair{"mRaceCombo", race}, std::pair{"mClassCombo", className},
               std::pair{"mAlignmentCombo", alignment}}) {
-            auto* combo = child<QComboBox>(frame, name);
+            auto* combo = Child<QComboBox>(frame, name);
             const int index = combo->findText(text);
             ASSERT_GE(index, 0) << text.toStdString();
             combo->setCurrentIndex(index);
         }
-        child<QSpinBox>(frame, "mLevel")->setValue(level);
+        Child<QSpinBox>(frame, "mLevel")->setValue(level);
     }
     // "Race|Class|Alignment|Level|Number" for each row.
     static QStringList rows(const QWidget& frame) {
-        const auto* list = child<QTreeWidget>(frame, "mList");
+        const auto* list = Child<QTreeWidget>(frame, "mList");
         QStringList result;
         for (int i = 0; i < list->topLevelItemCount(); ++i) {
             QStringList cells;
@@ -77,25 +54,7 @@ protected:
         }
         return result;
     }
-
-    QTemporaryDir mUser;
 };
-
-QUuid classGuid(const QString& name) {
-    for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
-        if (static_cast<const DClassInfo*>(info)->mName == name)
-            return guid;
-    }
-    return QUuid();
-}
-
-void saveTable(const QString& folder, const QString& name, const QString& text) {
-    FCRef<DTable> table(new DTable());
-    int line = 0;
-    QString error;
-    ASSERT_TRUE(DTableText::Parse(text, *table, line, error)) << error.toStdString();
-    ASSERT_TRUE(table->SaveToFile(FCString(folder + "/" + name + ".tbl")));
-}
 
 } // namespace
 
@@ -112,14 +71,14 @@ TEST_F(CharacterGenFrameTest, EqualRequestsCountUp) {
         SCOPED_TRACE(c.append);
         D_UICharacterGenFrame frame;
         choose(frame, "Dwarf", "Fighter", "Lawful Good", 3);
-        child<QCheckBox>(frame, "mAppendBox")->setChecked(c.append);
-        auto* generate = child<QPushButton>(frame, "mGenerateButton");
+        Child<QCheckBox>(frame, "mAppendBox")->setChecked(c.append);
+        auto* generate = Child<QPushButton>(frame, "mGenerateButton");
         generate->click();
         EXPECT_EQ(rows(frame), QStringList{"Dwarf|Fighter|Lawful Good|3|1"});
         generate->click();
         EXPECT_EQ(rows(frame), c.afterSecond);
         // Another level is another request.
-        child<QSpinBox>(frame, "mLevel")->setValue(4);
+        Child<QSpinBox>(frame, "mLevel")->setValue(4);
         generate->click();
         EXPECT_EQ(rows(frame).size(), c.append ? 2 : 1);
     }
@@ -153,8 +112,8 @@ TEST_F(CharacterGenFrameTest, RandomPicksComeFromTheGroupsTables) {
     FC::SeedRandom(1919);
     D_UICharacterGenFrame frame;
     for (const char* name : {"mRandomClass", "mRandomRace", "mRandomAlignment", "mAppendBox"})
-        child<QCheckBox>(frame, name)->setChecked(true);
-    EXPECT_FALSE(child<QComboBox>(frame, "mClassCombo")->isEnabled());
+        Child<QCheckBox>(frame, name)->setChecked(true);
+    EXPECT_FALSE(Child<QComboBox>(frame, "mClassCombo")->isEnabled());
     for (int i = 0; i < 30; ++i)
         frame.Generate();
     const QStringList found = rows(frame);
@@ -183,23 +142,24 @@ TEST_F(CharacterGenFrameTest, PicksTakeTheFirstCoveringRow) {
     ASSERT_TRUE(app.isValid());
     const QString folder = app.filePath("Core/Table");
     ASSERT_TRUE(QDir().mkpath(folder));
-    saveTable(folder, "Random NPC, Alignment", "die\t1d1\n1\t1\ttext\tEvil\n1\t1\ttext\tGood\n");
-    saveTable(folder, "Random NPC, Alignment - Evil", "die\t1d1\n1\t1\ttable\tNested\n");
-    saveTable(folder, "Nested",
-              "die\t1d1+1\n1\t1\ttext\tLawful Evil\n2\t1\ttext\tChaotic Evil\n"
-              "2\t1\ttext\tNeutral Evil\n");
-    saveTable(folder, "Random NPC, Class - Evil", "die\t1d1\n1\t1\ttext\tRogue\n");
-    saveTable(folder, "Random NPC, Race, Evil - Rogue",
-              "die\t1d1\n1\t1\ttext\tHalfling\n1\t1\ttext\tHuman\n");
+    hoardtest::saveTable(folder, "Random NPC, Alignment",
+                         "die\t1d1\n1\t1\ttext\tEvil\n1\t1\ttext\tGood\n");
+    hoardtest::saveTable(folder, "Random NPC, Alignment - Evil", "die\t1d1\n1\t1\ttable\tNested\n");
+    hoardtest::saveTable(folder, "Nested",
+                         "die\t1d1+1\n1\t1\ttext\tLawful Evil\n2\t1\ttext\tChaotic Evil\n"
+                         "2\t1\ttext\tNeutral Evil\n");
+    hoardtest::saveTable(folder, "Random NPC, Class - Evil", "die\t1d1\n1\t1\ttext\tRogue\n");
+    hoardtest::saveTable(folder, "Random NPC, Race, Evil - Rogue",
+                         "die\t1d1\n1\t1\ttext\tHalfling\n1\t1\ttext\tHuman\n");
     D_UICharacterGenFrame frame;
     choose(frame, "Human", "Fighter", "Lawful Good", 2);
     DOptions::mAppPath = FCString(app.path());
     for (const char* name : {"mRandomClass", "mRandomRace", "mRandomAlignment"})
-        child<QCheckBox>(frame, name)->setChecked(true);
+        Child<QCheckBox>(frame, name)->setChecked(true);
     frame.Generate();
     EXPECT_EQ(rows(frame), QStringList{"Halfling|Rogue|Chaotic Evil|2|1"});
     // Without the race tables the race cell stays empty.
-    child<QCheckBox>(frame, "mRandomClass")->setChecked(false);
+    Child<QCheckBox>(frame, "mRandomClass")->setChecked(false);
     frame.Generate();
     EXPECT_EQ(rows(frame), QStringList{"|Fighter|Chaotic Evil|2|1"});
 }
@@ -216,8 +176,9 @@ TEST_F(CharacterGenFrameTest, DecodedRowsBuildTheRequest) {
         DHandBook::SetupCharacterWithRace(hero.get(), human.get());
         hero->SetCharacterName(FCString("Ready Hero"));
         hero->SetAlignmentId(9);
-        hero->AddHistory(classGuid("Paladin"), 1.0f);
+        hero->AddHistory(hoardtest::classGuid("Paladin"), 1.0f);
         DHandBook::CharacterSetup(hero.get(), true);
+        ASSERT_TRUE(QDir(mUser.path()).mkpath("Characters"));
         ASSERT_TRUE(
             hero->SaveToFile(FCString(mUser.filePath("Characters/Elf, Paladin, 3rd Level.chr"))));
     }
@@ -246,17 +207,17 @@ TEST_F(CharacterGenFrameTest, DecodedRowsBuildTheRequest) {
                              built.reset(character);
                          });
         choose(frame, c.race, c.className, c.alignment, c.level);
-        auto* jump = child<QPushButton>(frame, "mJumpButton");
+        auto* jump = Child<QPushButton>(frame, "mJumpButton");
         EXPECT_FALSE(jump->isEnabled());
         frame.Generate();
-        auto* list = child<QTreeWidget>(frame, "mList");
+        auto* list = Child<QTreeWidget>(frame, "mList");
         list->setCurrentItem(list->topLevelItem(0));
         ASSERT_TRUE(jump->isEnabled());
         jump->click();
         ASSERT_NE(built, nullptr);
         ASSERT_NE(built->GetRace(), nullptr);
         EXPECT_EQ(QString(built->GetRace()->GetRaceName()), QString(c.race));
-        const DCharacterClass* own = built->GetClassPointer(classGuid(c.className));
+        const DCharacterClass* own = built->GetClassPointer(hoardtest::classGuid(c.className));
         ASSERT_NE(own, nullptr);
         EXPECT_EQ(own->GetLevel(), c.classLevel);
         EXPECT_EQ(own->GetIsExClass(), c.ex);

@@ -2,40 +2,25 @@
 // lists, the range it offers, and a monster that cannot advance.
 #include "D_UIMonsterAdvanceDialog.h"
 
+#include "BuiltRulesTest.h"
 #include "DCharacter.h"
 #include "DDatabase.h"
-#include "DFailureReporter.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "DObjectManager.h"
-#include "DOptions.h"
 #include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include <QPushButton>
 #include <QSpinBox>
-#include <QTemporaryDir>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-class MonsterAdvanceDialogTest : public ::testing::Test {
+class MonsterAdvanceDialogTest : public hoardtest::BuiltRulesTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(mUser.isValid());
-        DFailureReporter::SetQuiet(true);
-        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
-        DOptions::SetUserDataPath(FCString(mUser.path()));
-        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
-        DObjectManager::StartUp();
-    }
-    void TearDown() override {
-        DDatabase::ShutDown();
-        DFailureReporter::SetQuiet(false);
-    }
-
     static FCRef<DCharacter> Monster(const QString& race) {
         FCRef<DFileObject> entry(
             DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString(race + ".rac")));
@@ -44,8 +29,6 @@ protected:
         DHandBook::CharacterSetup(monster.get(), true);
         return monster;
     }
-
-    QTemporaryDir mUser;
 };
 
 TEST_F(MonsterAdvanceDialogTest, OffersTheRaceRowsAndOnlyRaises) {

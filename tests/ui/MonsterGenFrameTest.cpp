@@ -1,12 +1,11 @@
 // The monster generator over the ready races.
 #include "D_UIMonsterGenFrame.h"
 
+#include "BuiltRulesTest.h"
 #include "DCharHistory.h"
 #include "DCharacter.h"
 #include "DDatabase.h"
-#include "DFailureReporter.h"
 #include "DObjectManager.h"
-#include "DOptions.h"
 #include "FCReleaser.h"
 #include "TestSupport.h"
 
@@ -21,24 +20,8 @@
 
 namespace {
 
-class MonsterGenFrameTest : public ::testing::Test {
+class MonsterGenFrameTest : public hoardtest::BuiltRulesTest {
 protected:
-    void SetUp() override {
-        DFailureReporter::SetQuiet(true);
-        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
-        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
-        DObjectManager::StartUp();
-    }
-    void TearDown() override {
-        DDatabase::ShutDown();
-        DFailureReporter::SetQuiet(false);
-    }
-
-    template <typename T> static T* child(const QWidget& frame, const char* name) {
-        auto* widget = frame.findChild<T*>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
     // The top-level rows of that text.
     static QList<QTreeWidgetItem*> topLevel(const QTreeWidget& list, const QString& text) {
         QList<QTreeWidgetItem*> found;
@@ -64,7 +47,7 @@ protected:
 // a child when the plain dog comes and takes it in. Player races are not monsters.
 TEST_F(MonsterGenFrameTest, ListGroupsByTheNameBeforeTheComma) {
     D_UIMonsterGenFrame frame;
-    const auto* list = child<QTreeWidget>(frame, "mList");
+    const auto* list = Child<QTreeWidget>(frame, "mList");
     const struct {
         const char* group;
         QStringList entries;
@@ -92,7 +75,7 @@ TEST_F(MonsterGenFrameTest, ListGroupsByTheNameBeforeTheComma) {
 // would not.
 TEST_F(MonsterGenFrameTest, HitDiceSortAsNumbers) {
     D_UIMonsterGenFrame frame;
-    auto* list = child<QTreeWidget>(frame, "mList");
+    auto* list = Child<QTreeWidget>(frame, "mList");
     for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
         list->sortByColumn(2, order);
         QTreeWidgetItem* azer = topLevel(*list, "Azer").value(0);
@@ -107,10 +90,10 @@ TEST_F(MonsterGenFrameTest, HitDiceSortAsNumbers) {
 // the ankheg 3 to 9; the annis and a group row show none, and a group row has nothing to open.
 TEST_F(MonsterGenFrameTest, AdvancementShowsForRacesThatAdvance) {
     D_UIMonsterGenFrame frame;
-    auto* advance = child<QSpinBox>(frame, "mAdvance");
-    auto* label = child<QLabel>(frame, "LabelAdvance");
-    auto* jump = child<QPushButton>(frame, "mJumpButton");
-    auto* tabs = child<QTabWidget>(frame, "mMainTabs");
+    auto* advance = Child<QSpinBox>(frame, "mAdvance");
+    auto* label = Child<QLabel>(frame, "LabelAdvance");
+    auto* jump = Child<QPushButton>(frame, "mJumpButton");
+    auto* tabs = Child<QTabWidget>(frame, "mMainTabs");
     EXPECT_EQ(label->text(), QStringLiteral("Advancement:"));
     const struct {
         const char* name;
@@ -130,7 +113,7 @@ TEST_F(MonsterGenFrameTest, AdvancementShowsForRacesThatAdvance) {
             EXPECT_EQ(advance->value(), c.low);
         }
     }
-    auto* list = child<QTreeWidget>(frame, "mList");
+    auto* list = Child<QTreeWidget>(frame, "mList");
     list->setCurrentItem(topLevel(*list, "Air Elemental").value(0));
     EXPECT_TRUE(advance->isHidden());
     EXPECT_FALSE(jump->isEnabled());
@@ -148,9 +131,9 @@ TEST_F(MonsterGenFrameTest, StatBlockFollowsTheAdvancementWhenEntered) {
                          character->Retain();
                          built.reset(character);
                      });
-    auto* advance = child<QSpinBox>(frame, "mAdvance");
-    auto* tabs = child<QTabWidget>(frame, "mMainTabs");
-    auto* block = child<QTextBrowser>(frame, "mBlock");
+    auto* advance = Child<QSpinBox>(frame, "mAdvance");
+    auto* tabs = Child<QTabWidget>(frame, "mMainTabs");
+    auto* block = Child<QTextBrowser>(frame, "mBlock");
     ASSERT_TRUE(frame.SelectMonster("Ankheg"));
     advance->setValue(7);
     tabs->setCurrentIndex(1);

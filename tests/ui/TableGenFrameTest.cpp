@@ -1,20 +1,16 @@
 // The table window over user tables with 1d1 dice, so every roll is known by hand.
 #include "TableGenFrame.h"
 
+#include "BuiltRulesTest.h"
 #include "DCharStatType.h"
 #include "DCharacter.h"
 #include "DCharacterClass.h"
-#include "DClassInfo.h"
 #include "DDatabase.h"
-#include "DFailureReporter.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "DObjectManager.h"
-#include "DOptions.h"
 #include "DRace.h"
 #include "DSizeInfo.h"
-#include "DTable.h"
-#include "DTableText.h"
 #include "DTreasure.h"
 #include "FCRandom.h"
 #include "FCReleaser.h"
@@ -25,21 +21,12 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-void saveTable(const QString& folder, const QString& name, const QString& text) {
-    FCRef<DTable> table(new DTable());
-    int line = 0;
-    QString error;
-    ASSERT_TRUE(DTableText::Parse(text, *table, line, error)) << error.toStdString();
-    ASSERT_TRUE(table->SaveToFile(FCString(folder + "/" + name + ".tbl")));
-}
 
 // "Heading/Name: number (extra)" for every result row.
 QStringList results(const TableGenFrame& frame) {
@@ -70,22 +57,22 @@ void saveHero(const QString& folder, const QString& name) {
     ASSERT_TRUE(hero->SaveToFile(FCString(folder + "/" + name + ".chr")));
 }
 
+class TableGenFrameTest : public hoardtest::BuiltRulesTest {
+protected:
+    // Saves a user table and puts it in the catalogue.
+    void AddTable(const QString& name, const QString& text) {
+        ASSERT_TRUE(QDir(mUser.path()).mkpath("Table"));
+        hoardtest::saveTable(UserPath("Table"), name, text);
+        DObjectManager::HandleTableSave(FCString(UserPath("Table/" + name + ".tbl")));
+    }
+};
+
 } // namespace
 
-TEST(TableGenFrameTest, RollsGatherByKindAndAppendAddsUp) {
-    QTemporaryDir user;
-    ASSERT_TRUE(user.isValid());
-    ASSERT_TRUE(QDir(user.path()).mkpath("Table"));
+TEST_F(TableGenFrameTest, RollsGatherByKindAndAppendAddsUp) {
     // Road: 3 wolves and Camp twice; Camp: its text (1 / 1) and a table that is not there.
-    saveTable(user.filePath("Table"), "Road",
-              "die\t1d1\n1\t3\tmonster\tWolf\t4\n1\t2\ttable\tCamp\n");
-    saveTable(user.filePath("Table"), "Camp",
-              "die\t1d1\n1\t/1\ttext\tSmoke rises\n1\t1\ttable\tMissing\n");
-    DFailureReporter::SetQuiet(true);
-    DOptions::mAppPath = FCString(hoardtest::builtDataDir());
-    DOptions::SetUserDataPath(FCString(user.path()));
-    ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
-    DObjectManager::StartUp();
+    AddTable("Road", "die\t1d1\n1\t3\tmonster\tWolf\t4\n1\t2\ttable\tCamp\n");
+    AddTable("Camp", "die\t1d1\n1\t/1\ttext\tSmoke rises\n1\t1\ttable\tMissing\n");
 
     TableGenFrame frame;
     auto* generate = frame.findChild<QPushButton*>(QStringLiteral("mGenerateButton"));
@@ -110,36 +97,24 @@ TEST(TableGenFrameTest, RollsGatherByKindAndAppendAddsUp) {
     append->setChecked(false);
     generate->click();
     EXPECT_EQ(results(frame), once);
-    DDatabase::ShutDown();
-    DFailureReporter::SetQuiet(false);
 }
 
 // Each result kind opens as its own object with the row's overrides, worked from the rules: an
-// ankheg (3 HD, 5-9 HD Huge) at 7 HD is Huge with base attack +7; a first-level paladin raised
-// to level 3 and turned chaotic good by its row is an elf of three levels who has lost the
+// ankheg (3 HD; 4 HD Large, 5-9 HD Huge) at 7 HD is Huge with base attack +7; a first-level paladin
+// raised to level 3 and turned chaotic good by its row is an elf of three levels who has lost the
 // paladin's calling; a hoard row without a level is the stored chest, 5 gp.
-TEST(TableGenFrameTest, ResultsOpenWithTheirRowsOverrides) {
-    QTemporaryDir user;
-    ASSERT_TRUE(user.isValid());
-    for (const char* folder : {"Table", "Characters", "Treasure"})
-        ASSERT_TRUE(QDir(user.path()).mkpath(folder));
-    DFailureReporter::SetQuiet(true);
-    DOptions::mAppPath = FCString(hoardtest::builtDataDir());
-    DOptions::SetUserDataPath(FCString(user.path()));
-    ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
-    DObjectManager::StartUp();
-    saveHero(user.filePath("Characters"), "Hero");
+TEST_F(TableGenFrameTest, ResultsOpenWithTheirRowsOverrides) {
+    for (const char* folder : {"Characters", "Treasure"})
+        ASSERT_TRUE(QDir(mUser.path()).mkpath(folder));
+    saveHero(UserPath("Characters"), "Hero");
     FCRef<DTreasure> chest(new DTreasure);
     chest->SetCurrencyAmount(2, 5);
-    ASSERT_TRUE(chest->SaveToFile(user.filePath("Treasure/Chest.trs")));
-    saveTable(user.filePath("Table"), "Lair",
-              "die\t1d1\n"
-              "1\t2\tmonster\tAnkheg\t7\n"
-              "1\t1\tcharacter\tHero\t3\tElf\tCG\n"
-              "1\t1\ttreasure\tChest\n"
-              "1\t1\ttext\tBones\n");
-
-    DObjectManager::HandleTableSave(FCString(user.filePath("Table/Lair.tbl")));
+    ASSERT_TRUE(chest->SaveToFile(UserPath("Treasure/Chest.trs")));
+    AddTable("Lair", "die\t1d1\n"
+                     "1\t2\tmonster\tAnkheg\t7\n"
+                     "1\t1\tcharacter\tHero\t3\tElf\tCG\n"
+                     "1\t1\ttreasure\tChest\n"
+                     "1\t1\ttext\tBones\n");
 
     TableGenFrame frame;
     ASSERT_TRUE(frame.SelectTable("Lair"));
@@ -206,6 +181,4 @@ TEST(TableGenFrameTest, ResultsOpenWithTheirRowsOverrides) {
     for (const char* heading :
          {"2 \u00d7 Ankheg", "1 \u00d7 Hero", "1 \u00d7 Chest", "1 \u00d7 Bones", "Huge", "5 gp"})
         EXPECT_TRUE(block.contains(QString::fromUtf8(heading))) << heading;
-    DDatabase::ShutDown();
-    DFailureReporter::SetQuiet(false);
 }

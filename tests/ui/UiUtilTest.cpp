@@ -5,10 +5,9 @@
 #include "D_UIUtil.h"
 #include "SortListItem.h"
 
+#include "BuiltRulesTest.h"
 #include "DDatabase.h"
-#include "DFailureReporter.h"
 #include "DFileObject.h"
-#include "DOptions.h"
 #include "TestSupport.h"
 
 #include <QComboBox>
@@ -18,17 +17,8 @@
 
 namespace {
 
-class UiUtilTest : public ::testing::Test {
+class UiUtilTest : public hoardtest::BuiltRulesTest {
 protected:
-    void SetUp() override {
-        DFailureReporter::SetQuiet(true);
-        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
-        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
-    }
-    void TearDown() override {
-        DDatabase::ShutDown();
-        DFailureReporter::SetQuiet(false);
-    }
 };
 
 TEST_F(UiUtilTest, CombosCarryTheRowKeysAndKeepTheSelectionOnAMiss) {

@@ -1,0 +1,36 @@
+#include "BuiltRulesTest.h"
+
+#include "DDatabase.h"
+#include "DFailureReporter.h"
+#include "DObjectManager.h"
+#include "DOptions.h"
+#include "DTable.h"
+#include "DTableText.h"
+#include "FCReleaser.h"
+#include "TestSupport.h"
+
+namespace hoardtest {
+
+void BuiltRulesTest::SetUp() {
+    ASSERT_TRUE(mUser.isValid());
+    DFailureReporter::SetQuiet(true);
+    DOptions::mAppPath = FCString(builtDataDir());
+    DOptions::SetUserDataPath(FCString(mUser.path()));
+    ASSERT_TRUE(DDatabase::StartUp(FCString(builtDataDir() + "/rules.db")));
+    DObjectManager::StartUp();
+}
+
+void BuiltRulesTest::TearDown() {
+    DDatabase::ShutDown();
+    DFailureReporter::SetQuiet(false);
+}
+
+void saveTable(const QString& folder, const QString& name, const QString& text) {
+    FCRef<DTable> table(new DTable());
+    int line = 0;
+    QString error;
+    ASSERT_TRUE(DTableText::Parse(text, *table, line, error)) << error.toStdString();
+    ASSERT_TRUE(table->SaveToFile(FCString(folder + "/" + name + ".tbl")));
+}
+
+} // namespace hoardtest

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+namespace hoardtest {
+
+// A test against the built rules database and the ready objects, with a fresh user folder of
+// its own; failures are kept quiet.
+class BuiltRulesTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // A path below the user folder.
+    QString UserPath(const QString& relative) const { return mUser.filePath(relative); }
+
+    // The named child widget, or null and a test failure.
+    template <typename T> static T* Child(const QWidget& parent, const char* name) {
+        auto* widget = parent.findChild<T*>(QLatin1String(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+
+    QTemporaryDir mUser;
+};
+
+// Parses a table from its text form and saves it as FOLDER/NAME.tbl.
+void saveTable(const QString& folder, const QString& name, const QString& text);
+
+} // namespace hoardtest
