@@ -104,14 +104,17 @@ TEST_F(MagicItemTest, ScrollsAndWandsArePricedBySpellLevelAndCasterLevel) {
                 expected = 100 * (full * wand->GetCharges() / 50 +
                                   MaterialCost(wand->GetSpellGuid()) * wand->GetCharges());
                 // Some wands name a higher caster level ("fireball (10th)"), none a lower one.
-                EXPECT_GE(wand->GetCasterLevel(),
-                          LowestCasterLevel(DRulesQuery::NameByGuid(kTableClass, wand->GetCasterClassGuid()), level))
+                EXPECT_GE(
+                    wand->GetCasterLevel(),
+                    LowestCasterLevel(
+                        DRulesQuery::NameByGuid(kTableClass, wand->GetCasterClassGuid()), level))
                     << DRulesQuery::NameByGuid(kTableSpell, wand->GetSpellGuid()).toStdString();
             }
             for (const DSpellBase* spell : spells)
                 EXPECT_EQ(spell->GetCasterLevel(),
-                          LowestCasterLevel(DRulesQuery::NameByGuid(kTableClass, spell->GetCasterClassGuid()),
-                                            spell->GetSpellLevel()))
+                          LowestCasterLevel(
+                              DRulesQuery::NameByGuid(kTableClass, spell->GetCasterClassGuid()),
+                              spell->GetSpellLevel()))
                     << DRulesQuery::NameByGuid(kTableSpell, spell->GetSpellGuid()).toStdString();
             EXPECT_EQ(Copper(*item), expected) << seed;
         }
