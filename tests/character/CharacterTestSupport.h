@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TestSupport.h"
+
 #include "FCArchive.h"
 #include "FCObject.h"
 #include "FCReleaser.h"
@@ -37,7 +39,7 @@ template <typename F> QByteArray storeWith(F&& write) {
 }
 
 inline QByteArray storeObject(const FCObject& object) {
-    return storeWith([&](FCArchive& archive) { archive.WriteObject(&object); });
+    return hoardtest::storeObject(&object);
 }
 
 // Runs `read(archive)` on a loading archive over `bytes`; returns whether the archive is
@@ -54,13 +56,9 @@ template <typename F> bool loadWith(const QByteArray& bytes, F&& read) {
 
 // Reads one object of whatever class the bytes name; null on failure.
 inline Ref<FCObject> loadObject(const QByteArray& bytes) {
-    FCObject* object = nullptr;
-    const bool ok = loadWith(bytes, [&](FCArchive& archive) { object = archive.ReadObject(); });
-    if (!ok && object) {
-        object->Release();
-        object = nullptr;
-    }
-    return Ref<FCObject>(object);
+    bool ok = false;
+    Ref<FCObject> object(hoardtest::loadObject(bytes, &ok));
+    return ok ? std::move(object) : Ref<FCObject>();
 }
 
 // The bytes the golden file holds for `className`: one "ClassName hex" line per saved object.

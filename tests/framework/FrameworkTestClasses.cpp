@@ -95,23 +95,6 @@ void TestFailing::Serialize(FCArchive& archive) {
 
 namespace fctest {
 
-QByteArray storeObject(const FCObject* object) {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    FCArchive archive(&stream, FCArchive::Store);
-    archive.WriteObject(object);
-    return bytes;
-}
-
-FCObject* loadObject(const QByteArray& bytes, bool* ok, FCObject* into) {
-    QDataStream stream(bytes);
-    FCArchive archive(&stream, FCArchive::Load);
-    FCObject* object = archive.ReadObject(into);
-    if (ok)
-        *ok = archive.IsOk();
-    return object;
-}
-
 Bytes::Bytes() : mStream(&mData, QIODevice::WriteOnly) {
     mStream.setByteOrder(QDataStream::BigEndian);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TestSupport.h"
+
 #include "FCArchive.h"
 #include "FCArray.h"
 #include "FCObject.h"
@@ -201,11 +203,8 @@ public:
 
 namespace fctest {
 
-// The bytes WriteObject produces for `object`.
-QByteArray storeObject(const FCObject* object);
-
-// Reads one object from `bytes`; `ok` receives IsOk() afterwards.
-FCObject* loadObject(const QByteArray& bytes, bool* ok = nullptr, FCObject* into = nullptr);
+using hoardtest::loadObject;
+using hoardtest::storeObject;
 
 // Builds archive bytes by hand, big-endian.
 class Bytes {

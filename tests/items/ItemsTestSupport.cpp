@@ -1,6 +1,5 @@
 #include "ItemsTestSupport.h"
 
-#include <QBuffer>
 #include <QDataStream>
 
 namespace itemstest {
@@ -39,38 +38,6 @@ bool sameRecord(const FCObject* a, const FCObject* b) {
     const auto* left = FCDynamicCast<TestRecord>(a);
     const auto* right = FCDynamicCast<TestRecord>(b);
     return left && right && left->mGuid == right->mGuid && left->mValue == right->mValue;
-}
-
-QByteArray storeObject(const FCObject* object) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QDataStream stream(&buffer);
-    FCArchive archive(&stream, FCArchive::Store);
-    archive.WriteObject(object);
-    return bytes;
-}
-
-QByteArray storeFields(FCObject& object) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QDataStream stream(&buffer);
-    FCArchive archive(&stream, FCArchive::Store);
-    object.Serialize(archive);
-    return bytes;
-}
-
-FCObject* loadObject(const QByteArray& bytes, bool* ok) {
-    QByteArray copy = bytes;
-    QBuffer buffer(&copy);
-    buffer.open(QIODevice::ReadOnly);
-    QDataStream stream(&buffer);
-    FCArchive archive(&stream, FCArchive::Load);
-    FCObject* object = archive.ReadObject();
-    if (ok)
-        *ok = archive.IsOk();
-    return object;
 }
 
 QUuid guid(int n) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TestSupport.h"
+
 #include "FCArchive.h"
 #include "FCObject.h"
 #include "FCReleaser.h"
@@ -38,12 +40,9 @@ Ref<TestRecord> makeRecord(int n);
 // The record's fields, for comparing untyped slots; false for null or another class.
 bool sameRecord(const FCObject* a, const FCObject* b);
 
-// WriteObject of `object` into memory.
-QByteArray storeObject(const FCObject* object);
-// Only the fields `object` transfers, without the class name in front.
-QByteArray storeFields(FCObject& object);
-// ReadObject from memory; `ok` gets the archive state after the read.
-FCObject* loadObject(const QByteArray& bytes, bool* ok = nullptr);
+using hoardtest::loadObject;
+using hoardtest::storeFields;
+using hoardtest::storeObject;
 
 // Writes and reads back; null if the read failed or gave another class.
 template <typename T> Ref<T> roundTrip(const T& object) {

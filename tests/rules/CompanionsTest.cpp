@@ -253,35 +253,4 @@ TEST_F(CompanionsTest, AFamiliarsGiftComesAndGoesWithIt) {
     }
 }
 
-TEST_F(CompanionsTest, TheMastersFileKeepsItsCompanions) {
-    Ref<DCharacter> druid = Master("Druid", 3);
-    Ref<DFileObject> wolf = CoreRace("Wolf");
-    ASSERT_NE(
-        DCompanionRules::AddCharacterAnimal(druid.get(), *wolf, DCompanionRules::kAnimalCompanion),
-        nullptr);
-    const QString path = ScratchPath("druid.chr");
-    ASSERT_TRUE(druid->SaveToFile(FCString(path)));
-    Ref<DCharacter> read(DCharacter::CreateFromFile(FCString(path), false, nullptr));
-    ASSERT_NE(read, nullptr);
-    DHandBook::UpdateWithRace(read.get());
-    DCompanionRules::UpdateAnimals(read.get());
-    const DChosenAnimal* animal = read->GetAnimal(DCompanionRules::kAnimalCompanion);
-    ASSERT_NE(animal, nullptr);
-    EXPECT_EQ(animal->GetFileObject()->GetBaseFileName(), QStringLiteral("Wolf"));
-    EXPECT_EQ(animal->GetClassGuid(), ClassGuid("Druid"));
-    DCharacter* creature = DCompanionRules::GetAnimal(animal);
-    ASSERT_NE(creature, nullptr);
-    // Druid 3, as worked above: 4 HD, 26 hit points, natural armor 4.
-    EXPECT_EQ(creature->GetHistoryAtPosition(0)->GetLevel(), 4.0f);
-    EXPECT_EQ(creature->GetCharacterStat(kStatHitPoints), 26);
-    EXPECT_EQ(creature->GetCharacterStat(kStatNaturalArmor), 4);
-    // A copy of the master has a creature of its own.
-    Ref<DCharacter> copy(static_cast<DCharacter*>(read->Clone()));
-    DCharacter* copied =
-        DCompanionRules::GetAnimal(copy->GetAnimal(DCompanionRules::kAnimalCompanion));
-    ASSERT_NE(copied, nullptr);
-    EXPECT_NE(copied, creature);
-    EXPECT_EQ(copied->GetCharacterStat(kStatHitPoints), 26);
-}
-
 } // namespace

@@ -4,10 +4,12 @@
 #include "DDatabase.h"
 #include "DFeatInfo.h"
 #include "DSkillInfo.h"
+#include "FCArchive.h"
 
 #include "Connection.h"
 #include "DriverManager.h"
 
+#include <QDataStream>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -74,6 +76,31 @@ QUuid skillGuid(const QString& name) {
         DDatabase::GetSkillInfoMap(), name,
         [](const DInfo* info) { return static_cast<const DSkillInfo*>(info)->GetSkillName(); },
         "skill");
+}
+
+QByteArray storeObject(const FCObject* object) {
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    FCArchive archive(&stream, FCArchive::Store);
+    archive.WriteObject(object);
+    return bytes;
+}
+
+QByteArray storeFields(FCObject& object) {
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    FCArchive archive(&stream, FCArchive::Store);
+    object.Serialize(archive);
+    return bytes;
+}
+
+FCObject* loadObject(const QByteArray& bytes, bool* ok, FCObject* into) {
+    QDataStream stream(bytes);
+    FCArchive archive(&stream, FCArchive::Load);
+    FCObject* object = archive.ReadObject(into);
+    if (ok)
+        *ok = archive.IsOk();
+    return object;
 }
 
 } // namespace hoardtest

@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QUuid>
 
+class FCObject;
+
 namespace hoardtest {
 
 // Folder where the build put rules.db and the Core tree.
@@ -24,5 +26,12 @@ void addRequiredTables(const QString& databasePath);
 QUuid classGuid(const QString& name);
 QUuid featGuid(const QString& name);
 QUuid skillGuid(const QString& name);
+
+// WriteObject of `object` into memory: its class name, then its fields.
+QByteArray storeObject(const FCObject* object);
+// Only the fields `object` transfers, without the class name in front.
+QByteArray storeFields(FCObject& object);
+// ReadObject from memory, into `into` when given; `ok` gets the archive's state after the read.
+FCObject* loadObject(const QByteArray& bytes, bool* ok = nullptr, FCObject* into = nullptr);
 
 } // namespace hoardtest

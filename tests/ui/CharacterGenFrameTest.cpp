@@ -84,20 +84,6 @@ TEST_F(CharacterGenFrameTest, EqualRequestsCountUp) {
     }
 }
 
-TEST_F(CharacterGenFrameTest, AlignmentGroups) {
-    const struct {
-        const char* alignment;
-        const char* group;
-    } cases[] = {{"Lawful Good", "Good"},
-                 {"Chaotic Good", "Good"},
-                 {"Neutral Evil", "Evil"},
-                 {"Neutral", "Neutral"},
-                 {"Chaotic Neutral", "Neutral"}};
-    for (const auto& c : cases)
-        EXPECT_EQ(D_UICharacterGenFrame::AlignmentGroup(c.alignment), QString(c.group))
-            << c.alignment;
-}
-
 // Drawn picks from the ready tables keep together: the alignment is of the drawn group, the
 // class is one that group's class table names (paladins only for the good), the race one of
 // the seven player races the race tables name.

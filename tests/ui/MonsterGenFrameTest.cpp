@@ -71,21 +71,6 @@ TEST_F(MonsterGenFrameTest, ListGroupsByTheNameBeforeTheComma) {
     EXPECT_EQ(ogre.first()->text(2), QStringLiteral("4"));
 }
 
-// Sorted by hit dice, the azer's 2 come before the black pudding's 10, which as text they
-// would not.
-TEST_F(MonsterGenFrameTest, HitDiceSortAsNumbers) {
-    D_UIMonsterGenFrame frame;
-    auto* list = Child<QTreeWidget>(frame, "mList");
-    for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
-        list->sortByColumn(2, order);
-        QTreeWidgetItem* azer = topLevel(*list, "Azer").value(0);
-        QTreeWidgetItem* pudding = topLevel(*list, "Black Pudding").value(0);
-        ASSERT_TRUE(azer && pudding);
-        EXPECT_EQ(list->indexOfTopLevelItem(azer) < list->indexOfTopLevelItem(pudding),
-                  order == Qt::AscendingOrder);
-    }
-}
-
 // The advancement field shows only for a race that advances, from its hit dice to its most:
 // the ankheg 3 to 9; the annis and a group row show none, and a group row has nothing to open.
 TEST_F(MonsterGenFrameTest, AdvancementShowsForRacesThatAdvance) {
