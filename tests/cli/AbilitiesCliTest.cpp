@@ -224,18 +224,6 @@ TEST_F(AbilitiesCli, TheStandardArrayAndFreeEntryNeedNoDice) {
               (std::vector<int>{-4, 4, -5, 44, 0, -1}));
 }
 
-TEST_F(AbilitiesCli, HelpListsEveryMethod) {
-    const CliRun run = Hoard({"abilities", "--help"});
-    ASSERT_EQ(run.status, 0);
-    for (const char* word : {"4d6-assign", "4d6-in-order", "3d6-assign", "3d6-in-order",
-                             "5d6-assign", "4d6-reroll", "point-buy", "campaign", "array", "free",
-                             "\"Standard array\"", "\"4d6, drop lowest, assign\""})
-        EXPECT_TRUE(run.out.contains(word)) << word;
-    for (int id = 0; id <= 9; ++id)
-        EXPECT_TRUE(run.out.contains(QStringLiteral("  %1 ").arg(id))) << id;
-    EXPECT_TRUE(Hoard({"character", "--help"}).out.contains("set-ability"));
-}
-
 TEST_F(AbilitiesCli, SetAbilityKeepsTheRaceAdjustmentAndSaves) {
     const QString dwarf = NewCharacter("Dwarf", {"Fighter"});
     // A dwarf has Con +2 and Cha -2 over the rolled score.

@@ -178,14 +178,3 @@ TEST(RollCli, JsonNamesTheExpressionAndItsSets) {
         }
     }
 }
-
-TEST(RollCli, HelpTellsTheFormsAndLimits) {
-    const RollRun run = roll({"--help"});
-    EXPECT_EQ(run.status, 0);
-    for (const char* word : {"NdM", "NdM+K", "NdM-K", "dM", "--sets", "1000", "1000000"})
-        EXPECT_TRUE(run.out.contains(word)) << word;
-    QProcess program;
-    program.start(QStringLiteral(HOARD_CLI), {"--help"});
-    ASSERT_TRUE(program.waitForFinished(20000));
-    EXPECT_TRUE(QString::fromUtf8(program.readAllStandardOutput()).contains("roll"));
-}

@@ -233,15 +233,6 @@ protected:
         return true;
     }
 
-    static QStringList columnsOf(const QString& table) {
-        const std::unique_ptr<odbc::Statement> statement(sConnection->createStatement());
-        odbc::ResultSet* rows = statement->executeQuery("SELECT * FROM " + table);
-        QStringList names;
-        for (int column = 1; column <= rows->getColumnCount(); ++column)
-            names.append(rows->getColumnName(column));
-        return names;
-    }
-
     static inline std::unique_ptr<QTemporaryDir> sDir;
     static inline QString sPath;
     static inline std::unique_ptr<odbc::Connection> sConnection;
@@ -328,56 +319,6 @@ TEST_F(RuleRecords, AlignmentOneStepAway) {
                                           {4, false}, {6, false}, {8, false}, {9, false}};
     for (const auto& [id, oneOff] : cases)
         EXPECT_EQ(neutralGood.GetIsOneOffAlignment(id), oneOff) << "alignment " << id;
-}
-
-// Each column a record reads is required: without it SetData throws. The four records with
-// cached positions are left out, as a test before this one may have fixed their positions.
-TEST_F(RuleRecords, EveryColumnReadIsRequired) {
-    struct Case {
-        RecordPtr (*make)();
-        const char* table;
-        QStringList unread;
-    };
-    const Case cases[] = {
-        {makeRecord<DSimpleInfo>, "[types Dice]", {}},
-        {makeRecord<DSimpleGuidInfo>, "[info Feat]", {"Type", "StackType", "Target", "HelpText"}},
-        {makeRecord<DCoinInfo>, "[info Coin]", {}},
-        {makeRecord<DClassLevelInfo>, "[info Level Gold]", {}},
-        {makeRecord<DAlignmentInfo>, "[info Alignment]", {}},
-        {makeRecord<DSizeInfo>, "[info Size]", {}},
-        {makeRecord<DSubSkillInfo>, "[info Skill Sub]", {"HelpText"}},
-        {makeRecord<DFeatureInfo>, "[info Features]", {"HelpText"}},
-        {makeRecord<DLanguageInfo>, "[info Language]", {"HelpText"}},
-        {makeRecord<DLoadInfo>, "[info Load]", {}},
-        {makeRecord<DSpellInfo>, "[info Spell]", {"HelpText"}},
-        {makeRecord<DSpellsPerInfo>, "[info Spells Per Day]", {}},
-        {makeRecord<DSchoolInfo>, "[info Spell Schools]", {}},
-        {makeRecord<DDomainInfo>, "[info Domain]", {"HelpText"}},
-        {makeRecord<DGodInfo>, "[info God]", {"HelpText"}},
-        {makeRecord<DSpeedTypeInfo>, "[info Speed]", {}},
-        {makeRecord<DSpeedModTypeInfo>, "[types Speed]", {}},
-        {makeRecord<DDamageChangeInfo>, "[info Advancement Damage]", {}},
-        {makeRecord<DAgeChangeInfo>, "[info Advancement Age]", {}},
-        {makeRecord<DFamiliarMountInfo>, "[info Mount]", {}},
-    };
-    for (const Case& c : cases) {
-        const QStringList columns = columnsOf(c.table);
-        ASSERT_FALSE(columns.isEmpty());
-        for (const QString& missing : columns) {
-            if (c.unread.contains(missing))
-                continue;
-            QStringList kept;
-            for (const QString& column : columns) {
-                if (column != missing)
-                    kept.append('[' + column + ']');
-            }
-            SCOPED_TRACE(QStringLiteral("%1 without %2").arg(c.table, missing).toStdString());
-            const RecordPtr record = c.make();
-            EXPECT_THROW(
-                fill(QStringLiteral("SELECT %1 FROM %2").arg(kept.join(", "), c.table), *record),
-                odbc::SQLException);
-        }
-    }
 }
 
 TEST_F(RuleRecords, SpellLevelOrderComparesRawGuidBytes) {

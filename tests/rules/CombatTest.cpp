@@ -365,7 +365,6 @@ TEST_F(CombatTest, StartingGoldByLevel) {
         QStringList classes;
         int low, high;
     } cases[] = {
-        {"fighter 1: 6d4 x 10", {"Fighter"}, 60, 240},
         {"fighter 4", {"Fighter", "Fighter", "Fighter", "Fighter"}, 5400, 5400},
     };
     for (const auto& c : cases) {

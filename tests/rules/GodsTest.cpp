@@ -9,8 +9,8 @@
 #include "DChosenFeat.h"
 #include "DChosenLanguage.h"
 #include "DRuleGuids.h"
-#include "DWeaponInfo.h"
 #include "DRulesQuery.h"
+#include "DWeaponInfo.h"
 #include "ResultSet.h"
 
 #include <vector>
@@ -35,15 +35,6 @@ constexpr int kEvocation = 5;
 
 class GodsTest : public rulestest::RulesFixture {
 protected:
-    static QUuid Named(int table, const char* name) {
-        QUuid guid;
-        DDatabase::FirstRow(QString::asprintf("SELECT Guid FROM %s WHERE (Name='%s')",
-                                              DRulesQuery::Table(table).constData(), name),
-                            [&guid](odbc::ResultSet* row) { guid = row->getGUID(1); });
-        EXPECT_FALSE(guid.isNull()) << name;
-        return guid;
-    }
-
     Ref<DFileObject> Race(int ability, int score) {
         DRace race;
         race.SetClassGuid(ClassGuid("Humanoid"));
@@ -83,7 +74,8 @@ TEST_F(GodsTest, AGodTakesItsOwnAlignmentOrOneStepOff) {
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.god) + " " + std::to_string(c.alignment));
         character->SetAlignmentId(c.alignment);
-        EXPECT_EQ(DHandBook::CanWorshipGod(character.get(), Named(kTableGod, c.god)), c.allowed);
+        EXPECT_EQ(DHandBook::CanWorshipGod(character.get(), hoardtest::rowGuid(kTableGod, c.god)),
+                  c.allowed);
     }
     EXPECT_FALSE(DHandBook::CanWorshipGod(character.get(), QUuid::createUuid()));
 }
@@ -92,12 +84,16 @@ TEST_F(GodsTest, DomainsComeFromTheGodAndFitTheAlignment) {
     Ref<DFileObject> race = Race(kAbilityWisdom, 10);
     Ref<DCharacter> character = NewCharacter(race.get(), {"Cleric"});
     character->SetAlignmentId(kLawfulNeutral);
-    DHandBook::SetCharacterGod(character.get(), Named(kTableGod, "Valmora"));
+    DHandBook::SetCharacterGod(character.get(), hoardtest::rowGuid(kTableGod, "Valmora"));
     // Law is Valmora's and the character lawful; Good needs a good character; Fire is not hers.
-    EXPECT_TRUE(DHandBook::CanWorshipDomain(character.get(), Named(kTableDomain, "Law")));
-    EXPECT_FALSE(DHandBook::CanWorshipDomain(character.get(), Named(kTableDomain, "Good")));
-    EXPECT_FALSE(DHandBook::CanWorshipDomain(character.get(), Named(kTableDomain, "Fire")));
-    EXPECT_TRUE(DHandBook::IsValidGodDomain(DRuleGuids::kAnyGod, Named(kTableDomain, "Fire")));
+    EXPECT_TRUE(
+        DHandBook::CanWorshipDomain(character.get(), hoardtest::rowGuid(kTableDomain, "Law")));
+    EXPECT_FALSE(
+        DHandBook::CanWorshipDomain(character.get(), hoardtest::rowGuid(kTableDomain, "Good")));
+    EXPECT_FALSE(
+        DHandBook::CanWorshipDomain(character.get(), hoardtest::rowGuid(kTableDomain, "Fire")));
+    EXPECT_TRUE(
+        DHandBook::IsValidGodDomain(DRuleGuids::kAnyGod, hoardtest::rowGuid(kTableDomain, "Fire")));
 }
 
 TEST_F(GodsTest, AClericsDomainsOpenTheExtraSlotAndTheGodsFeats) {
@@ -109,14 +105,14 @@ TEST_F(GodsTest, AClericsDomainsOpenTheExtraSlotAndTheGodsFeats) {
     ASSERT_NE(cleric, nullptr);
     EXPECT_EQ(Extra(*cleric), Pad({}));
 
-    const QUuid war = Named(kTableDomain, "War");
-    const QUuid good = Named(kTableDomain, "Good");
+    const QUuid war = hoardtest::rowGuid(kTableDomain, "War");
+    const QUuid good = hoardtest::rowGuid(kTableDomain, "Good");
     const QUuid martial = FeatGuid("Martial Weapon Proficiency");
     const QUuid focus = FeatGuid("Weapon Focus");
-    const QUuid longsword = Named(kTableWeapons, "Longsword");
+    const QUuid longsword = hoardtest::rowGuid(kTableWeapons, "Longsword");
     const int spent = character->GetCharacterStat(kStatSpentFeatPoints);
 
-    DHandBook::SetCharacterGod(character.get(), Named(kTableGod, "Valmora"));
+    DHandBook::SetCharacterGod(character.get(), hoardtest::rowGuid(kTableGod, "Valmora"));
     DHandBook::AddCharacterDomain(character.get(), war);
     EXPECT_EQ(Extra(*cleric), Pad({0, 1, 1}));
     // War under Valmora: the longsword and Weapon Focus with it, for no feat point.
@@ -127,7 +123,7 @@ TEST_F(GodsTest, AClericsDomainsOpenTheExtraSlotAndTheGodsFeats) {
         character.get(), static_cast<const DWeaponInfo*>(DDatabase::GetWeaponInfo(longsword))));
 
     DHandBook::AddCharacterDomain(character.get(), good);
-    DHandBook::AddCharacterDomain(character.get(), Named(kTableDomain, "Law"));
+    DHandBook::AddCharacterDomain(character.get(), hoardtest::rowGuid(kTableDomain, "Law"));
     EXPECT_EQ(character->GetDomain(0), war);
     EXPECT_EQ(character->GetDomain(1), good);
 
@@ -146,19 +142,19 @@ TEST_F(GodsTest, AFeatBoughtBeforeTheGodGrantsItIsRefundedAndChargedAgain) {
     Ref<DCharacter> character = NewCharacter(race.get(), {"Cleric"});
     character->SetAlignmentId(kLawfulGood);
     const QUuid focus = FeatGuid("Weapon Focus");
-    const QUuid longsword = Named(kTableWeapons, "Longsword");
+    const QUuid longsword = hoardtest::rowGuid(kTableWeapons, "Longsword");
     Ref<DChosenFeat> bought(new DChosenFeat());
     bought->SetFeatGuid(focus);
     bought->SetTargetGuid(longsword);
     DHandBook::AddFeat(character.get(), true, bought.get());
     const int spent = character->GetCharacterStat(kStatSpentFeatPoints);
 
-    DHandBook::SetCharacterGod(character.get(), Named(kTableGod, "Valmora"));
-    DHandBook::AddCharacterDomain(character.get(), Named(kTableDomain, "War"));
+    DHandBook::SetCharacterGod(character.get(), hoardtest::rowGuid(kTableGod, "Valmora"));
+    DHandBook::AddCharacterDomain(character.get(), hoardtest::rowGuid(kTableDomain, "War"));
     EXPECT_EQ(character->GetCharacterStat(kStatSpentFeatPoints), spent - 1);
     EXPECT_TRUE(bought->HasFeatFlag(DChosenFeat::kFeatLocked));
 
-    DHandBook::RemoveCharacterDomain(character.get(), Named(kTableDomain, "War"));
+    DHandBook::RemoveCharacterDomain(character.get(), hoardtest::rowGuid(kTableDomain, "War"));
     EXPECT_EQ(character->GetCharacterStat(kStatSpentFeatPoints), spent);
     EXPECT_TRUE(character->HasFeat(focus, longsword));
     EXPECT_FALSE(bought->HasFeatFlag(DChosenFeat::kFeatLocked));
@@ -202,8 +198,8 @@ TEST_F(GodsTest, BonusLanguagesFollowTheIntelligenceModifier) {
     }
     Ref<DFileObject> race = Race(kAbilityIntelligence, 14);
     Ref<DCharacter> character = NewCharacter(race.get(), {"Fighter"});
-    const QUuid elven = Named(kTableLanguage, "Elven");
-    const QUuid orc = Named(kTableLanguage, "Orc");
+    const QUuid elven = hoardtest::rowGuid(kTableLanguage, "Elven");
+    const QUuid orc = hoardtest::rowGuid(kTableLanguage, "Orc");
     Ref<DChosenLanguage> bonus(new DChosenLanguage(elven));
     DHandBook::AddLanguage(character.get(), bonus.get(), false);
     Ref<DChosenLanguage> spoken(new DChosenLanguage(orc));

@@ -18,15 +18,7 @@ class ItemsFixture : public RulesFixture {
 protected:
     // The GUID of the row of that name in the item type's table; null if none.
     static QUuid ItemGuid(int itemType, const QString& name) {
-        QUuid guid;
-        DDatabase::FirstRow(
-            QString::asprintf(
-                "SELECT Guid FROM %s WHERE (Name='%s')",
-                DRulesQuery::Table(DDatabase::GetItemTypeTableId(itemType)).constData(),
-                qUtf8Printable(name)),
-            [&guid](odbc::ResultSet* row) { guid = row->getGUID(1); });
-        EXPECT_FALSE(guid.isNull()) << "no item " << name.toStdString();
-        return guid;
+        return hoardtest::rowGuid(DDatabase::GetItemTypeTableId(itemType), name);
     }
 
     static Ref<DItemInfo> Info(int itemType, const QString& name) {

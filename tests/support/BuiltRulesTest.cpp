@@ -1,7 +1,10 @@
 #include "BuiltRulesTest.h"
 
+#include "DCharacter.h"
 #include "DDatabase.h"
 #include "DFailureReporter.h"
+#include "DFileObject.h"
+#include "DHandBook.h"
 #include "DObjectManager.h"
 #include "DOptions.h"
 #include "DTable.h"
@@ -23,6 +26,17 @@ void BuiltRulesTest::SetUp() {
 void BuiltRulesTest::TearDown() {
     DDatabase::ShutDown();
     DFailureReporter::SetQuiet(false);
+}
+
+FCRef<DCharacter> BuiltRulesTest::Monster(const QString& race) {
+    FCRef<DFileObject> entry(
+        DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString(race + ".rac")));
+    FCRef<DCharacter> monster(new DCharacter());
+    DHandBook::SetupCharacterWithRace(monster.get(), entry.get());
+    if (!monster->GetRace())
+        return nullptr;
+    DHandBook::CharacterSetup(monster.get(), true);
+    return monster;
 }
 
 void saveTable(const QString& folder, const QString& name, const QString& text) {

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "FCReleaser.h"
+
 #include <QString>
 #include <QTemporaryDir>
 #include <QWidget>
 
 #include <gtest/gtest.h>
+
+class DCharacter;
 
 namespace hoardtest {
 
@@ -17,6 +21,10 @@ protected:
 
     // A path below the user folder.
     QString UserPath(const QString& relative) const { return mUser.filePath(relative); }
+
+    // The ready race alone as a creature, as `hoard monster show NAME` builds it; null if the
+    // race cannot be read.
+    static FCRef<DCharacter> Monster(const QString& race);
 
     // The named child widget, or null and a test failure.
     template <typename T> static T* Child(const QWidget& parent, const char* name) {

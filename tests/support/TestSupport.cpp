@@ -3,11 +3,13 @@
 #include "DClassInfo.h"
 #include "DDatabase.h"
 #include "DFeatInfo.h"
+#include "DRulesQuery.h"
 #include "DSkillInfo.h"
 #include "FCArchive.h"
 
 #include "Connection.h"
 #include "DriverManager.h"
+#include "ResultSet.h"
 
 #include <QDataStream>
 #include <QFile>
@@ -69,6 +71,17 @@ QUuid featGuid(const QString& name) {
         DDatabase::GetFeatInfoMap(), name,
         [](const DInfo* info) { return static_cast<const DFeatInfo*>(info)->GetFeatName(); },
         "feat");
+}
+
+QUuid rowGuid(int table, const QString& name) {
+    QUuid guid;
+    DDatabase::FirstRow(QString::asprintf("SELECT Guid FROM %s WHERE (Name='%s')",
+                                          DRulesQuery::Table(table).constData(),
+                                          qUtf8Printable(name)),
+                        [&guid](odbc::ResultSet* row) { guid = row->getGUID(1); });
+    if (guid.isNull())
+        ADD_FAILURE() << "no row " << name.toStdString();
+    return guid;
 }
 
 QUuid skillGuid(const QString& name) {

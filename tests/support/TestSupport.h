@@ -26,6 +26,9 @@ void addRequiredTables(const QString& databasePath);
 QUuid classGuid(const QString& name);
 QUuid featGuid(const QString& name);
 QUuid skillGuid(const QString& name);
+// The GUID of the row of that name in a rules table (an index of DDatabase::GetTableName); null,
+// and a test failure, when there is none.
+QUuid rowGuid(int table, const QString& name);
 
 // WriteObject of `object` into memory: its class name, then its fields.
 QByteArray storeObject(const FCObject* object);

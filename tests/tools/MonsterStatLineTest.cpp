@@ -1,20 +1,18 @@
 // Every shipped monster built through the library from its ready race and measured against the
 // published stat block its race source quotes ("# published: ..."): base attack, grapple and
 // the three saves must reproduce it; hit points and armor class are counted alongside.
+#include "BuiltRulesTest.h"
 #include "DCharacter.h"
 #include "DDatabase.h"
-#include "DFailureReporter.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "DObjectManager.h"
-#include "DOptions.h"
 #include "FCReleaser.h"
 #include "TestSupport.h"
 
 #include <QDir>
 #include <QRegularExpression>
 #include <QSet>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -116,35 +114,7 @@ const QSet<QString> kKnownMisses = {"Air Elemental, Primal",
                                     "Xixecal",
                                     "Young Adult Red Dragon Skeleton"};
 
-class MonsterStatLine : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(mUser.isValid());
-        DFailureReporter::SetQuiet(true);
-        DOptions::mAppPath = FCString(hoardtest::builtDataDir());
-        DOptions::SetUserDataPath(FCString(mUser.path()));
-        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
-        DObjectManager::StartUp();
-    }
-    void TearDown() override {
-        DObjectManager::ShutDown();
-        DDatabase::ShutDown();
-        DFailureReporter::SetQuiet(false);
-    }
-
-    static FCRef<DCharacter> Monster(const QString& race) {
-        FCRef<DFileObject> entry(
-            DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString(race + ".rac")));
-        FCRef<DCharacter> monster(new DCharacter());
-        DHandBook::SetupCharacterWithRace(monster.get(), entry.get());
-        if (!monster->GetRace())
-            return FCRef<DCharacter>();
-        DHandBook::CharacterSetup(monster.get(), true);
-        return monster;
-    }
-
-    QTemporaryDir mUser;
-};
+class MonsterStatLine : public hoardtest::BuiltRulesTest {};
 
 TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
     // Worked by hand: base attack is HD x the type's rate (3/4, 1 or 1/2), rounded down; grapple

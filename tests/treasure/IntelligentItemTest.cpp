@@ -35,16 +35,10 @@ protected:
     }
     static void TearDownTestSuite() { DDatabase::ShutDown(); }
 
-    static QUuid Guid(int table, const char* name) {
-        QUuid guid;
-        DDatabase::FirstRow(QString::asprintf("SELECT Guid FROM %s WHERE (Name='%s')",
-                                              DRulesQuery::Table(table).constData(), name),
-                            [&guid](odbc::ResultSet* row) { guid = row->getGUID(1); });
-        return guid;
-    }
     // A +`bonus` longsword with one special ability of bonus `abilityBonus`.
     static DItem* Longsword(int bonus, int abilityBonus) {
-        const QUuid guid = Guid(DDatabase::GetItemTypeTableId(kItemWeapon), "Longsword");
+        const QUuid guid =
+            hoardtest::rowGuid(DDatabase::GetItemTypeTableId(kItemWeapon), "Longsword");
         FCRef<DCustomMagicItemInfo> sword(new DCustomMagicItemInfo);
         sword->SetBaseItemInfo(static_cast<DItemInfo*>(DDatabase::GetWeaponInfo(guid)));
         sword->SetBonus(bonus);
@@ -107,7 +101,7 @@ TEST_F(IntelligentItemTest, EgoAddsUpFromPowersScoresAndBonus) {
 TEST_F(IntelligentItemTest, GeneratedMindsFollowTheCapabilityTable) {
     // Two scores of 12 to 19 and one of 10; a lesser power each once; a power that works
     // continuously never twice; Common always spoken.
-    const QUuid common = Guid(kTableLanguage, "Common");
+    const QUuid common = hoardtest::rowGuid(kTableLanguage, "Common");
     FC::SeedRandom(31);
     for (int i = 0; i < 400; ++i) {
         FCRef<DIntelligentData> mind(DIntelligentItemGenerator::GenerateIntelligentData());
@@ -205,7 +199,7 @@ TEST_F(IntelligentItemTest, ATreasureFileKeepsMindsAndCurses) {
     mind->SetPurposeId(2);
     mind->AddPurposePower(5);
     mind->AddCommunication(DIntelligentData::kCommunicationSpeech);
-    mind->AddLanguage(Guid(kTableLanguage, "Common"));
+    mind->AddLanguage(hoardtest::rowGuid(kTableLanguage, "Common"));
     static_cast<DMagicItemInfo*>(sword->GetItemInfo())->SetIntelligentData(mind.get());
     treasure->AddItem(sword.get());
     FCRef<DRingInfo> ring(new DRingInfo);

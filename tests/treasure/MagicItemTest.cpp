@@ -48,13 +48,6 @@ protected:
                             [&cost](odbc::ResultSet* row) { cost = row->getInt(1); });
         return std::max(cost, 0);
     }
-    static QUuid Guid(int table, const char* name) {
-        QUuid guid;
-        DDatabase::FirstRow(QString::asprintf("SELECT Guid FROM %s WHERE (Name='%s')",
-                                              DRulesQuery::Table(table).constData(), name),
-                            [&guid](odbc::ResultSet* row) { guid = row->getGUID(1); });
-        return guid;
-    }
     // The lowest caster level of a class for a spell level, as the class tables give it.
     static int LowestCasterLevel(const QString& casterClass, int spellLevel) {
         if (casterClass == QLatin1String("Bard")) {
@@ -139,7 +132,7 @@ TEST_F(MagicItemTest, ArmsAndArmorPayTheBonusOfTheirAbilities) {
                           {kItemShield, "Shield, light wooden", 2, 1, 9153},
                           {kItemWeapon, "Longsword", 3, 0, 18315}};
     for (const Case& c : cases) {
-        const QUuid guid = Guid(DDatabase::GetItemTypeTableId(c.itemType), c.base);
+        const QUuid guid = hoardtest::rowGuid(DDatabase::GetItemTypeTableId(c.itemType), c.base);
         auto* base =
             static_cast<DItemInfo*>(c.itemType == kItemWeapon ? DDatabase::GetWeaponInfo(guid)
                                                               : DDatabase::GetShieldInfo(guid));
@@ -209,7 +202,7 @@ TEST_F(MagicItemTest, SpecialAbilitiesKeepTheRules) {
 
 TEST_F(MagicItemTest, MeleeWeaponsAreIntelligentFifteenTimesInAHundred) {
     // p = 0.15 over n = 4,000 rolls: sd = sqrt(n p (1 - p)) = 22.6; five of them either side.
-    const QUuid guid = Guid(DDatabase::GetItemTypeTableId(kItemWeapon), "Longsword");
+    const QUuid guid = hoardtest::rowGuid(DDatabase::GetItemTypeTableId(kItemWeapon), "Longsword");
     FCRef<DCustomMagicItemInfo> sword(new DCustomMagicItemInfo);
     sword->SetBaseItemInfo(static_cast<DItemInfo*>(DDatabase::GetWeaponInfo(guid)));
     sword->SetBonus(1);

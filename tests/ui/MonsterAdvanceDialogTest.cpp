@@ -19,17 +19,7 @@
 
 namespace {
 
-class MonsterAdvanceDialogTest : public hoardtest::BuiltRulesTest {
-protected:
-    static FCRef<DCharacter> Monster(const QString& race) {
-        FCRef<DFileObject> entry(
-            DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString(race + ".rac")));
-        FCRef<DCharacter> monster(new DCharacter());
-        DHandBook::SetupCharacterWithRace(monster.get(), entry.get());
-        DHandBook::CharacterSetup(monster.get(), true);
-        return monster;
-    }
-};
+class MonsterAdvanceDialogTest : public hoardtest::BuiltRulesTest {};
 
 TEST_F(MonsterAdvanceDialogTest, OffersTheRaceRowsAndOnlyRaises) {
     FCRef<DCharacter> ankheg = Monster(QStringLiteral("Ankheg"));
