@@ -242,6 +242,24 @@ QString D_UICharacterGenFrame::Pick(const QString& tableName) {
     return Generate(table.get(), 0);
 }
 
+QString D_UICharacterGenFrame::FitAlignment(const QString& group, QString alignment,
+                                            const QString& className) const {
+    // Enough draws that a one-in-three alignment of the group comes up all but surely.
+    constexpr int kDraws = 20;
+    const int classIndex = D_UIUtil::GetIndexOfItemWithText(mClassCombo, className);
+    if (classIndex < 0)
+        return alignment;
+    const QUuid classGuid = mClassCombo->itemData(classIndex).toUuid();
+    const auto allowed = [&](const QString& name) {
+        const int index = D_UIUtil::GetIndexOfItemWithText(mAlignmentCombo, name);
+        return index >= 0 && DCharacterGenerator::IsAlignmentAllowed(
+                                 classGuid, mAlignmentCombo->itemData(index).toInt());
+    };
+    for (int draw = 0; draw < kDraws && !allowed(alignment); ++draw)
+        alignment = Pick(QStringLiteral("Random NPC, Alignment - %1").arg(group));
+    return alignment;
+}
+
 void D_UICharacterGenFrame::Generate() {
     if (!mAppendBox->isChecked())
         mList->clear();
@@ -256,6 +274,8 @@ void D_UICharacterGenFrame::Generate() {
     const QString className = mRandomClass->isChecked()
                                   ? Pick(QStringLiteral("Random NPC, Class - %1").arg(group))
                                   : mClassCombo->currentText();
+    if (mRandomAlignment->isChecked())
+        alignment = FitAlignment(group, alignment, className);
     const QString race =
         mRandomRace->isChecked()
             ? Pick(QStringLiteral("Random NPC, Race, %1 - %2").arg(group, className))

@@ -66,6 +66,9 @@ private:
     void UpdateStatblock();
     // The pick from the ready table of that name; empty if the table is missing.
     static QString Pick(const QString& tableName);
+    // A random alignment of the group that the class allows, drawn again from the group's table
+    // while the class refuses it: a paladin drawn among the good is lawful good.
+    QString FitAlignment(const QString& group, QString alignment, const QString& className) const;
 
     QComboBox* mClassCombo = nullptr;
     QComboBox* mRaceCombo = nullptr;
