@@ -12,6 +12,8 @@
 #include "FCReleaser.h"
 #include "TestSupport.h"
 
+#include <QDir>
+
 namespace hoardtest {
 
 void BuiltRulesTest::SetUp() {
@@ -37,6 +39,19 @@ FCRef<DCharacter> BuiltRulesTest::Monster(const QString& race) {
         return nullptr;
     DHandBook::CharacterSetup(monster.get(), true);
     return monster;
+}
+
+void BuiltRulesTest::SavePaladin(const QString& name, const QString& file) const {
+    FCRef<DFileObject> human(
+        DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString("Human.rac")));
+    FCRef<DCharacter> hero(new DCharacter());
+    DHandBook::SetupCharacterWithRace(hero.get(), human.get());
+    hero->SetCharacterName(FCString(name));
+    hero->SetAlignmentId(9);
+    hero->AddHistory(classGuid(QStringLiteral("Paladin")), 1.0f);
+    DHandBook::CharacterSetup(hero.get(), true);
+    ASSERT_TRUE(QDir(mUser.path()).mkpath(QStringLiteral("Characters")));
+    ASSERT_TRUE(hero->SaveToFile(FCString(UserPath(QStringLiteral("Characters/") + file))));
 }
 
 void saveTable(const QString& folder, const QString& name, const QString& text) {

@@ -26,10 +26,14 @@ protected:
     // race cannot be read.
     static FCRef<DCharacter> Monster(const QString& race);
 
+    // A lawful good human paladin of the first level named NAME, saved as Characters/FILE in
+    // the user folder.
+    void SavePaladin(const QString& name, const QString& file) const;
+
     // The named child widget, or null and a test failure.
-    template <typename T> static T* Child(const QWidget& parent, const char* name) {
-        auto* widget = parent.findChild<T*>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
+    template <typename T> static T* Child(const QWidget& parent, const QString& name) {
+        auto* widget = parent.findChild<T*>(name);
+        EXPECT_NE(widget, nullptr) << name.toStdString();
         return widget;
     }
 

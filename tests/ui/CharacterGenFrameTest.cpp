@@ -6,9 +6,6 @@
 #include "DCharacter.h"
 #include "DCharacterClass.h"
 #include "DDatabase.h"
-#include "DFileObject.h"
-#include "DHandBook.h"
-#include "DObjectManager.h"
 #include "DOptions.h"
 #include "DRace.h"
 #include "FCRandom.h"
@@ -163,19 +160,7 @@ TEST_F(CharacterGenFrameTest, PicksTakeTheFirstCoveringRow) {
 // ready third-level elf paladin, saved as a first-level human, grows to three levels in its
 // last class and becomes the elf asked for.
 TEST_F(CharacterGenFrameTest, DecodedRowsBuildTheRequest) {
-    {
-        FCRef<DFileObject> human(
-            DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString("Human.rac")));
-        FCRef<DCharacter> hero(new DCharacter());
-        DHandBook::SetupCharacterWithRace(hero.get(), human.get());
-        hero->SetCharacterName(FCString("Ready Hero"));
-        hero->SetAlignmentId(9);
-        hero->AddHistory(hoardtest::classGuid("Paladin"), 1.0f);
-        DHandBook::CharacterSetup(hero.get(), true);
-        ASSERT_TRUE(QDir(mUser.path()).mkpath("Characters"));
-        ASSERT_TRUE(
-            hero->SaveToFile(FCString(mUser.filePath("Characters/Elf, Paladin, 3rd Level.chr"))));
-    }
+    SavePaladin("Ready Hero", "Elf, Paladin, 3rd Level.chr");
     const struct {
         const char* race;
         const char* className;

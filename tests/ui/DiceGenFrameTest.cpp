@@ -1,5 +1,6 @@
 #include "DiceGenFrame.h"
 
+#include "BuiltRulesTest.h"
 #include "Connection.h"
 #include "DDatabase.h"
 #include "DFailureReporter.h"
@@ -8,7 +9,6 @@
 #include "FCRandom.h"
 #include "TestSupport.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
@@ -24,7 +24,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <memory>
 #include <set>
 #include <vector>
 
@@ -55,27 +54,14 @@ std::vector<RollItem> rollList(const DiceGenFrame& frame) {
     return items;
 }
 
-template <typename T> T* part(const DiceGenFrame& frame, const QString& name) {
-    T* widget = frame.findChild<T*>(name);
-    EXPECT_NE(widget, nullptr) << name.toStdString();
-    return widget;
-}
-
-class DiceGenFrameTest : public ::testing::Test {
+class DiceGenFrameTest : public hoardtest::BuiltRulesTest {
 protected:
     void SetUp() override {
-        ASSERT_NE(qobject_cast<QApplication*>(QCoreApplication::instance()), nullptr)
-            << "widget tests need a QApplication (HOARD_TEST_WIDGETS)";
-        DFailureReporter::SetQuiet(true);
         DFailureReporter::ResetReports();
+        BuiltRulesTest::SetUp();
         FC::SeedRandom(31337);
-        ASSERT_TRUE(DDatabase::StartUp(FCString(hoardtest::builtDataDir() + "/rules.db")));
         ASSERT_EQ(DFailureReporter::GetReportCount(), 0)
             << DFailureReporter::GetLastText().toStdString();
-    }
-    void TearDown() override {
-        DDatabase::ShutDown();
-        DFailureReporter::SetQuiet(false);
     }
 };
 
@@ -83,8 +69,8 @@ protected:
 
 TEST_F(DiceGenFrameTest, DieChoiceSetsTheModifierFloor) {
     const DiceGenFrame frame;
-    auto* die = part<QComboBox>(frame, "mDie");
-    const auto* modifier = part<QSpinBox>(frame, "mModifier");
+    auto* die = Child<QComboBox>(frame, "mDie");
+    const auto* modifier = Child<QSpinBox>(frame, "mModifier");
     ASSERT_TRUE(die && modifier);
     const int ceiling = modifier->maximum();
     // The first die of the list is chosen from the start.
@@ -102,7 +88,7 @@ TEST_F(DiceGenFrameTest, DieChoiceSetsTheModifierFloor) {
 
 TEST_F(DiceGenFrameTest, AppendGathersRollsOfOneExpressionInOrder) {
     DiceGenFrame frame;
-    auto* append = part<QCheckBox>(frame, "mAppend");
+    auto* append = Child<QCheckBox>(frame, "mAppend");
     ASSERT_NE(append, nullptr);
     struct Step {
         bool append;
@@ -187,11 +173,11 @@ TEST_F(DiceGenFrameTest, EachLineIsTheDiceSumPlusTheModifier) {
 
 TEST_F(DiceGenFrameTest, RollAndQuickButtonsUseTheirOwnValues) {
     DiceGenFrame frame;
-    auto* number = part<QSpinBox>(frame, "mNumber");
-    auto* die = part<QComboBox>(frame, "mDie");
-    auto* modifier = part<QSpinBox>(frame, "mModifier");
-    auto* sets = part<QSpinBox>(frame, "mSets");
-    auto* roll = part<QPushButton>(frame, "mRollButton");
+    auto* number = Child<QSpinBox>(frame, "mNumber");
+    auto* die = Child<QComboBox>(frame, "mDie");
+    auto* modifier = Child<QSpinBox>(frame, "mModifier");
+    auto* sets = Child<QSpinBox>(frame, "mSets");
+    auto* roll = Child<QPushButton>(frame, "mRollButton");
     ASSERT_TRUE(number && die && modifier && sets && roll);
     number->setValue(4);
     die->setCurrentIndex(die->findData(6));
@@ -213,7 +199,7 @@ TEST_F(DiceGenFrameTest, RollAndQuickButtonsUseTheirOwnValues) {
         int low, high;
     } quick[] = {{8, "3d6", 3, 18}, {1, "1d20", 1, 20}, {9, "4d6", 4, 24}, {2, "1d100", 1, 100}};
     for (const auto& q : quick) {
-        auto* button = part<QPushButton>(frame, QStringLiteral("mQuick%1").arg(q.id));
+        auto* button = Child<QPushButton>(frame, QStringLiteral("mQuick%1").arg(q.id));
         ASSERT_NE(button, nullptr);
         button->click();
         items = rollList(frame);
@@ -228,11 +214,11 @@ TEST_F(DiceGenFrameTest, RollAndQuickButtonsUseTheirOwnValues) {
 TEST_F(DiceGenFrameTest, WithoutRulesTheQuickButtonsRollNothing) {
     DDatabase::ShutDown();
     DiceGenFrame frame;
-    EXPECT_EQ(part<QComboBox>(frame, "mDie")->count(), 0);
+    EXPECT_EQ(Child<QComboBox>(frame, "mDie")->count(), 0);
     for (int id = 1; id <= 9; ++id)
-        EXPECT_EQ(part<QPushButton>(frame, QStringLiteral("mQuick%1").arg(id))->text(),
+        EXPECT_EQ(Child<QPushButton>(frame, QStringLiteral("mQuick%1").arg(id))->text(),
                   QStringLiteral("&%1. Quick").arg(id));
-    part<QPushButton>(frame, "mQuick4")->click();
+    Child<QPushButton>(frame, "mQuick4")->click();
     const auto items = rollList(frame);
     ASSERT_EQ(items.size(), 1u);
     EXPECT_EQ(items[0].label, "0d0");
@@ -259,11 +245,11 @@ TEST_F(DiceGenFrameTest, AMissingQuickButtonTableIsReportedOnce) {
     DiceGenFrame frame;
     EXPECT_EQ(DFailureReporter::GetReportCount(), 1);
     EXPECT_EQ(DFailureReporter::GetLastCaption(), "Query failed");
-    const auto* die = part<QComboBox>(frame, "mDie");
+    const auto* die = Child<QComboBox>(frame, "mDie");
     ASSERT_EQ(die->count(), 2);
     EXPECT_EQ(die->itemText(0), "d4");
     EXPECT_EQ(die->itemText(1), "d6");
-    EXPECT_EQ(part<QPushButton>(frame, "mQuick7")->text(), "&7. Quick");
+    EXPECT_EQ(Child<QPushButton>(frame, "mQuick7")->text(), "&7. Quick");
 }
 
 // The stat block tab runs the list through the Roll style sheet; without a sheet it keeps what
@@ -276,11 +262,11 @@ TEST_F(DiceGenFrameTest, StatBlockTabShowsEachExpressionWithItsRollsAndTotal) {
     DOptions::SetUserDataPath(FCString(user.path()));
 
     DiceGenFrame frame;
-    part<QCheckBox>(frame, "mAppend")->setChecked(true);
+    Child<QCheckBox>(frame, "mAppend")->setChecked(true);
     frame.DieRoll(2, 6, 1, 3);
     frame.DieRoll(1, 20, 0, 1);
-    auto* tabs = part<QTabWidget>(frame, "mTabs");
-    auto* block = part<QPlainTextEdit>(frame, "mStatBlock");
+    auto* tabs = Child<QTabWidget>(frame, "mTabs");
+    auto* block = Child<QPlainTextEdit>(frame, "mStatBlock");
     tabs->setCurrentIndex(1);
 
     const std::vector<RollItem> items = rollList(frame);

@@ -6,8 +6,6 @@
 #include "DCharacter.h"
 #include "DCharacterClass.h"
 #include "DDatabase.h"
-#include "DFileObject.h"
-#include "DHandBook.h"
 #include "DObjectManager.h"
 #include "DRace.h"
 #include "DSizeInfo.h"
@@ -42,19 +40,6 @@ QStringList results(const TableGenFrame& frame) {
     }
     rows.sort();
     return rows;
-}
-
-// A lawful good human paladin of the first level, kept as Character/NAME.chr.
-void saveHero(const QString& folder, const QString& name) {
-    FCRef<DFileObject> human(
-        DObjectManager::CreateFileObject(kObjectRace, kFileCore, FCString("Human.rac")));
-    FCRef<DCharacter> hero(new DCharacter());
-    DHandBook::SetupCharacterWithRace(hero.get(), human.get());
-    hero->SetCharacterName(FCString(name));
-    hero->SetAlignmentId(9);
-    hero->AddHistory(hoardtest::classGuid(QStringLiteral("Paladin")), 1.0f);
-    DHandBook::CharacterSetup(hero.get(), true);
-    ASSERT_TRUE(hero->SaveToFile(FCString(folder + "/" + name + ".chr")));
 }
 
 class TableGenFrameTest : public hoardtest::BuiltRulesTest {
@@ -104,9 +89,8 @@ TEST_F(TableGenFrameTest, RollsGatherByKindAndAppendAddsUp) {
 // raised to level 3 and turned chaotic good by its row is an elf of three levels who has lost the
 // paladin's calling; a hoard row without a level is the stored chest, 5 gp.
 TEST_F(TableGenFrameTest, ResultsOpenWithTheirRowsOverrides) {
-    for (const char* folder : {"Characters", "Treasure"})
-        ASSERT_TRUE(QDir(mUser.path()).mkpath(folder));
-    saveHero(UserPath("Characters"), "Hero");
+    ASSERT_TRUE(QDir(mUser.path()).mkpath("Treasure"));
+    SavePaladin("Hero", "Hero.chr");
     FCRef<DTreasure> chest(new DTreasure);
     chest->SetCurrencyAmount(2, 5);
     ASSERT_TRUE(chest->SaveToFile(UserPath("Treasure/Chest.trs")));

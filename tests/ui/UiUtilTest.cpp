@@ -1,13 +1,11 @@
 // The list and combo helpers every editor and generator fills its fields with, over the built
 // rules database: alignments 9 (LG), 10 (NG), 12 (CG) come first by their sort order.
-#include "D_UIFileObjectItem.h"
 #include "D_UISpinBoxFractional.h"
 #include "D_UIUtil.h"
 #include "SortListItem.h"
 
 #include "BuiltRulesTest.h"
 #include "DDatabase.h"
-#include "DFileObject.h"
 #include "TestSupport.h"
 
 #include <QComboBox>
@@ -73,17 +71,6 @@ TEST(UiUtilItems, NumbersSortAsNumbersAndNamesEndInTheirSlot) {
     EXPECT_EQ(D_UIUtil::GetObjectNameEndingNumber(&rolled), 5);
     rolled.setObjectName(QStringLiteral("mList"));
     EXPECT_EQ(D_UIUtil::GetObjectNameEndingNumber(&rolled), 0);
-
-    // A row keeps its file entry alive for as long as it stands.
-    auto* entry = new DFileObject(kObjectRace, kFileCore, FCString("Orc.rac"));
-    {
-        D_UIFileObjectItem row(QStringList{"Orc"});
-        row.SetFileObject(entry);
-        EXPECT_EQ(entry->GetRetainCount(), 2);
-        EXPECT_EQ(row.GetFileObject(), entry);
-    }
-    EXPECT_EQ(entry->GetRetainCount(), 1);
-    entry->Release();
 }
 
 TEST(UiUtilItems, FractionalSpinBoxShowsItsLabelsAndStepsThroughThem) {
