@@ -7,6 +7,7 @@
 #include "DDieRoller.h"
 #include "DHandBook.h"
 #include "DRollTables.h"
+#include "D_UIWaitCursor.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -50,14 +51,6 @@ QString scoreText(int score) {
     const int modifier = DHandBook::GetAbilityModifier(score);
     return QStringLiteral("%1 (%2%3)").arg(score).arg(modifier >= 0 ? "+" : "").arg(modifier);
 }
-
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 } // namespace
 
@@ -625,7 +618,7 @@ void D_UICharRollDialog::accept() {
         QDialog::accept();
         return;
     }
-    const WaitCursor wait;
+    const D_UIWaitCursor wait;
     DCharacter* const c = mCharacter;
     for (int a = 0; a < kAbilityCount; ++a) {
         const auto ability = DAbilityStatType(a);

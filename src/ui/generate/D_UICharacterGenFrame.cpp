@@ -8,12 +8,12 @@
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "DObjectManager.h"
-#include "DOutput.h"
 #include "DRace.h"
 #include "DRulesQuery.h"
 #include "DTable.h"
 #include "DTableRoller.h"
 #include "D_UIUtil.h"
+#include "D_UIWaitCursor.h"
 #include "FCFileManager.h"
 #include "ResultSet.h"
 #include "TableResultBuilder.h"
@@ -40,15 +40,6 @@ constexpr int kPlayerClassType = 1;
 constexpr int kMaxLevel = 20;
 constexpr int kMaxAlignmentId = 0xFFFF;
 constexpr int kMaxTableDepth = 32;
-
-// Building a character of a high level takes a moment.
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 DFileObject* findRace(const QString& baseName) {
     if (baseName.isEmpty())
@@ -353,7 +344,7 @@ void D_UICharacterGenFrame::itemSelected() {
 }
 
 void D_UICharacterGenFrame::Jump() {
-    const WaitCursor wait;
+    const D_UIWaitCursor wait;
     QString error;
     FCRef<DCharacter> character = decodeItem(mList->currentItem(), error);
     if (character)
@@ -382,7 +373,7 @@ void D_UICharacterGenFrame::tabSelected(int index) {
 }
 
 void D_UICharacterGenFrame::UpdateStatblock() {
-    const WaitCursor wait;
+    const D_UIWaitCursor wait;
     QString html;
     for (int i = 0; i < mList->topLevelItemCount(); ++i) {
         const QTreeWidgetItem* row = mList->topLevelItem(i);
@@ -390,12 +381,9 @@ void D_UICharacterGenFrame::UpdateStatblock() {
                     .arg(row->text(kColumnNumber), row->text(kColumnRace).toHtmlEscaped(),
                          row->text(kColumnClass).toHtmlEscaped(), row->text(kColumnLevel),
                          row->text(kColumnAlignment).toHtmlEscaped());
-        QString text, error;
+        QString error;
         const FCRef<DCharacter> character = decodeItem(row, error);
-        if (character && DOutput::BuildStatBlock(character.get(), text, error))
-            html += QStringLiteral("<pre>%1</pre>").arg(text.toHtmlEscaped());
-        else
-            html += QStringLiteral("<p><i>%1</i></p>").arg(error.toHtmlEscaped());
+        html += D_UIUtil::StatBlockHtml(character.get(), error);
     }
     mBlock->setHtml(html.isEmpty() ? tr("<p>Nothing generated yet.</p>") : html);
 }

@@ -6,9 +6,10 @@
 #include "DDatabase.h"
 #include "DFileObject.h"
 #include "DObjectManager.h"
-#include "DOutput.h"
 #include "DRace.h"
 #include "D_UIMonsterRaceItem.h"
+#include "D_UIUtil.h"
+#include "D_UIWaitCursor.h"
 #include "FCReleaser.h"
 
 #include <QApplication>
@@ -26,14 +27,6 @@
 namespace {
 
 constexpr int kPlayerRaceCategory = 1;
-
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 // The race's header alone: enough for the list and the advancement range.
 FCRef<DRace> raceHeader(const DFileObject* file) {
@@ -184,27 +177,24 @@ void D_UIMonsterGenFrame::tabSelected(int index) {
 }
 
 void D_UIMonsterGenFrame::UpdateStatblock() {
-    const WaitCursor wait;
+    const D_UIWaitCursor wait;
     DFileObject* race = SelectedRace();
     if (!race) {
         mBlock->clear();
         return;
     }
-    QString text, error;
+    QString error;
     // The advancement is read now: changing it later shows when the tab is entered again.
     const FCRef<DCharacter> monster(DCharacterGenerator::GenerateMonster(
         race, mAdvance->isHidden() ? 0 : mAdvance->value(), error));
-    if (monster && DOutput::BuildStatBlock(monster.get(), text, error))
-        mBlock->setHtml(QStringLiteral("<pre>%1</pre>").arg(text.toHtmlEscaped()));
-    else
-        mBlock->setHtml(QStringLiteral("<p><i>%1</i></p>").arg(error.toHtmlEscaped()));
+    mBlock->setHtml(D_UIUtil::StatBlockHtml(monster.get(), error));
 }
 
 void D_UIMonsterGenFrame::Jump() {
     DFileObject* race = SelectedRace();
     if (!race)
         return;
-    const WaitCursor wait;
+    const D_UIWaitCursor wait;
     QString error;
     const FCRef<DCharacter> monster(DCharacterGenerator::GenerateMonster(
         race, mAdvance->isHidden() ? 0 : mAdvance->value(), error));

@@ -2,11 +2,12 @@
 
 #include "DCharacter.h"
 #include "DObjectManager.h"
-#include "DOutput.h"
 #include "DTable.h"
 #include "DTableRoller.h"
 #include "DTreasure.h"
 #include "D_UIFileObjectItem.h"
+#include "D_UIUtil.h"
+#include "D_UIWaitCursor.h"
 #include "SortListItem.h"
 #include "TableResultBuilder.h"
 
@@ -27,15 +28,6 @@ namespace {
 constexpr int kFileRole = Qt::UserRole + 1;
 constexpr int kKindRole = Qt::UserRole + 2;
 constexpr int kResultRole = Qt::UserRole + 3;
-
-// Building a monster or a hoard can take a moment.
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 QString jumpText(int kind) {
     switch (kind) {
@@ -271,7 +263,7 @@ void TableGenFrame::Jump() {
     const DTableResult* result = ResultOf(mGenerateList->currentItem());
     if (!result || !result->problem.isEmpty() || jumpText(result->kind).isEmpty())
         return;
-    const WaitCursor wait;
+    const D_UIWaitCursor wait;
     QString error;
     if (result->kind == DTableItem::kElementTreasure) {
         FCRef<DTreasure> treasure = TableResultBuilder::BuildTreasure(*result, error);
@@ -299,7 +291,7 @@ void TableGenFrame::tabSelected(int index) {
 }
 
 void TableGenFrame::UpdateStatblock() {
-    const WaitCursor wait;
+    const D_UIWaitCursor wait;
     QString html;
     // Built anew at every showing: a treasure row gives a new hoard each time.
     for (QTreeWidgetItemIterator it(mGenerateList); *it; ++it) {
@@ -317,10 +309,9 @@ void TableGenFrame::UpdateStatblock() {
         } else if (result->kind == DTableItem::kElementTreasure) {
             if (FCRef<DTreasure> treasure = TableResultBuilder::BuildTreasure(*result, error))
                 body = QStringLiteral("<p>%1</p>").arg(TableResultBuilder::TreasureHtml(*treasure));
-        } else if (FCRef<DCharacter> creature = TableResultBuilder::BuildCreature(*result, error)) {
-            QString text;
-            if (DOutput::BuildStatBlock(creature.get(), text, error))
-                body = QStringLiteral("<pre>%1</pre>").arg(text.toHtmlEscaped());
+        } else {
+            const FCRef<DCharacter> creature = TableResultBuilder::BuildCreature(*result, error);
+            body = D_UIUtil::StatBlockHtml(creature.get(), error);
         }
         if (!error.isEmpty())
             body = QStringLiteral("<p><i>%1</i></p>").arg(error.toHtmlEscaped());

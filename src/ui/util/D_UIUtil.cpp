@@ -2,6 +2,7 @@
 
 #include "DCoinInfo.h"
 #include "DDatabase.h"
+#include "DOutput.h"
 #include "DRace.h"
 #include "DRaceAdvance.h"
 #include "DSizeInfo.h"
@@ -216,6 +217,13 @@ void D_UIUtil::UpdateSelectionStatus(QTreeWidget* list) {
     QTreeWidgetItem* item = list->currentItem() ? list->currentItem() : list->topLevelItem(0);
     if (item)
         item->setSelected(true);
+}
+
+QString D_UIUtil::StatBlockHtml(DCharacter* creature, const QString& error) {
+    QString text, failure = error;
+    if (creature && DOutput::BuildStatBlock(creature, text, failure))
+        return QStringLiteral("<pre>%1</pre>").arg(text.toHtmlEscaped());
+    return QStringLiteral("<p><i>%1</i></p>").arg(failure.toHtmlEscaped());
 }
 
 int D_UIUtil::GetObjectNameEndingNumber(const QObject* object) {

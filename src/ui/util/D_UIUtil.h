@@ -3,6 +3,7 @@
 #include <QString>
 #include <QUuid>
 
+class DCharacter;
 class DRace;
 class QComboBox;
 class QListWidget;
@@ -65,6 +66,10 @@ public:
     static void SetChildItemStates(QTreeWidgetItem* item, Qt::CheckState state);
     // With nothing selected, selects the current item or else the first one.
     static void UpdateSelectionStatus(QTreeWidget* list);
+    // A creature's text stat block as preformatted HTML; without a creature, or when the block
+    // cannot be made, the reason in italics (`error` first, then the stat block's own).
+    static QString StatBlockHtml(DCharacter* creature, const QString& error);
+
     // The last character of the object's name as a number ("mRolled5" is 5); 0 if no digit.
     static int GetObjectNameEndingNumber(const QObject* object);
 };
