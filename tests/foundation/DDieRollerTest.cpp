@@ -8,8 +8,6 @@
 #include "ResultSet.h"
 #include "Statement.h"
 
-#include <QBuffer>
-#include <QDataStream>
 
 #include <gtest/gtest.h>
 

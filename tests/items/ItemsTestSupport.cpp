@@ -1,6 +1,5 @@
 #include "ItemsTestSupport.h"
 
-#include <QDataStream>
 
 namespace itemstest {
 

@@ -10,7 +10,6 @@
 #include "DTargetData.h"
 #include "TestSupport.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QSqlDatabase>

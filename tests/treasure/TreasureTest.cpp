@@ -14,7 +14,6 @@
 #include "ResultSet.h"
 #include "TestSupport.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>

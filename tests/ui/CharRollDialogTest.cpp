@@ -17,7 +17,6 @@
 #include "FCReleaser.h"
 #include "TestSupport.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>

@@ -12,8 +12,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
-#include <QImage>
-#include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
