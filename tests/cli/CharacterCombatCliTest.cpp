@@ -53,6 +53,12 @@ TEST_F(CharacterCombatCli, HandWorkedCharactersMatchLineByLine) {
           "--level", "2"},
          {"10", "15", "12", "12", "10", "14"},
          {21, 14, 14, 11, 3, 3, -2, 3, 7, 5, 10000}},
+        // The open rules' goblin warrior (Str 11, Dex 13, Con 12, Int 10, Wis 9, Cha 6): a full
+        // d8 + 1 at first level; Small, so AC 10 + 1 + 1 and grapple 1 + 0 - 4; Fort 2 + 1.
+        {"goblin",
+         {"--race", "Goblin", "--class", "Warrior"},
+         {"13", "11", "12", "10", "9", "8"},
+         {9, 12, 12, 11, 1, 1, -3, 3, 1, -1, 0}},
         // Large construct, 9d10: 49 + 30. Grapple 6 + 5 + 4.
         {"golem", {"--race", "Flesh Golem"}, {}, {79, 18, 8, 18, -1, 6, 15, 3, 2, 3, 0}},
     };

@@ -93,6 +93,10 @@ TEST(RaceCli, RacesHoldTheRulesFigures) {
         {"Half-Orc", "Medium", 0, 30, {2, 0, 0, -2, 0, -2}, "Darkvision"},
         {"Halfling", "Small", 0, 20, {-2, 2, 0, 0, 0, 0}, nullptr},
         {"Human", "Medium", 0, 30, {0, 0, 0, 0, 0, 0}, nullptr},
+        // Races behind the open rules' 1st-level warriors.
+        {"Goblin", "Small", 0, 30, {-2, 2, 0, 0, 0, -2}, "Darkvision"},
+        {"Orc", "Medium", 0, 30, {4, 0, 0, -2, -2, -2}, "Darkvision"},
+        {"Kobold", "Small", 0, 30, {-4, 2, -2, 0, 0, 0}, "Darkvision"},
         // Hill giant: 12d8, Large, base speed 40 ft., Str 25 Dex 8 Con 19 Int 6 Wis 10 Cha 7,
         // so +14, -2, +8, -4, +0, -4 against a 10 (odd scores round down to even).
         {"Hill Giant", "Large", 12, 40, {14, -2, 8, -4, 0, -4}, "Low-light vision"},

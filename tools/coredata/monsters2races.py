@@ -90,6 +90,15 @@ RACIAL_SAVES = {
     "Derro": ({"Will": 6}, "madness: Charisma (+3) takes the place of Wisdom (-3) on Will saves"),
     "Nightcrawler": NIGHTSHADE, "Nightwalker": NIGHTSHADE, "Nightwing": NIGHTSHADE,
 }
+# The open rules give the humanoids that have no racial hit dice of their own as a
+# "1st-Level Warrior"; their scores are the warrior's 13, 11, 12, 10, 9, 8 with the racial
+# adjustments applied, so the race can be taken back out of the stat block.
+WARRIOR = re.compile(r"^(.*), 1st-Level Warrior$")
+WARRIOR_SCORES = {"Str": 13, "Dex": 11, "Con": 12, "Int": 10, "Wis": 9, "Cha": 8}
+# What a warrior's block holds that is not the race's: its class dice, its chosen feats and the
+# published line of the warrior.
+WARRIOR_DROPS = ("# published:", "hit_dice:", "skill_points:", "good_saves:", "save_bonus:",
+                 "feats:", "feature: Feat:", "advancement:")
 SKIP = re.compile(r"\d+(st|nd|rd|th)-Level|Human Form|Hybrid|Wolf Form|Bear Form|Boar Form|"
                   r"Tiger Form|Rat Form|Giant Form", re.I)
 
@@ -406,6 +415,30 @@ class Converter:
             out.append("feature: Feat: " + f)
         return out, None
 
+    def convert_warrior(self, row, race):
+        """The race of a "1st-Level Warrior" block: no hit dice of its own, like the player
+        races, and its scores as adjustments; None for one that is not a humanoid."""
+        lines, why = self.convert(row)
+        if lines is None:
+            return None, why
+        if "type: Humanoid" not in lines:
+            return None, "a warrior block of a race that is not a humanoid"
+        out = []
+        for line in lines:
+            if line.startswith(WARRIOR_DROPS):
+                continue
+            if line == "type: Humanoid":
+                line = "type: Humanoid (player race)"
+            elif line.startswith("abilities: "):
+                scores = dict(re.findall(r"(\w+) (\d+)", line))
+                changes = ["%s %+d" % (k, int(scores[k]) - WARRIOR_SCORES[k])
+                           for k in ABILITIES if int(scores[k]) != WARRIOR_SCORES[k]]
+                line = "ability_adjustments: " + (", ".join(changes) or "Str +0")
+                out.append("hit_dice: 0")
+            out.append(line)
+        out.insert(1, "# %s: the race behind the open rules' 1st-level warrior." % race)
+        return out, None
+
     @staticmethod
     def published_line(row):
         """The stat block's combat figures as a comment, so that the built monsters can be
@@ -612,13 +645,16 @@ def main():
     with open(source, encoding="utf-8", newline="") as f:
         for row in csv.DictReader(f):
             name = file_name(row["name"])
+            warrior = WARRIOR.match(name)
+            if warrior:
+                name = warrior.group(1)
             if SKIP.search(name):
                 skipped.append((name, "class levels or a template form"))
                 continue
             if name.lower() in hand_written or name.lower() in (w.lower() for w in written):
                 skipped.append((name, "name already taken"))
                 continue
-            lines, why = conv.convert(row)
+            lines, why = conv.convert_warrior(row, name) if warrior else conv.convert(row)
             if lines is None:
                 skipped.append((name, why))
                 continue
