@@ -5,6 +5,7 @@
 #include "CliLookup.h"
 #include "DCharHistory.h"
 #include "DCharacter.h"
+#include "DCharacterGenerator.h"
 #include "DDatabase.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
@@ -38,14 +39,12 @@ FCRef<DCharacter> LoadMonster(CliContext& context, const QString& name, QString&
                                        CliLookup::ClosestNames(name, CliLookup::RaceNames(), 3));
         return nullptr;
     }
-    FCRef<DCharacter> monster(new DCharacter());
-    monster->SetCharacterName(FCString(name));
-    DHandBook::SetupCharacterWithRace(monster.get(), entry);
-    if (!monster->GetRace()) {
+    FCRef<DCharacter> monster(DCharacterGenerator::GenerateMonster(entry, 0, error));
+    if (!monster) {
         error = QStringLiteral("the race file %1 cannot be read").arg(entry->GetAccessFilePath());
         return nullptr;
     }
-    DHandBook::CharacterSetup(monster.get(), true);
+    monster->SetCharacterName(FCString(name));
     return monster;
 }
 

@@ -100,6 +100,15 @@ QList<QUuid> BaseClasses() {
     return classes;
 }
 
+// The open rules' warrior, the class a humanoid without hit dice of its own appears in.
+QUuid WarriorClass() {
+    for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
+        if (static_cast<const DClassInfo*>(info)->mName == QLatin1String("Warrior"))
+            return guid;
+    }
+    return QUuid();
+}
+
 QList<int> Alignments() {
     QList<int> ids;
     DDatabase::ForEachRow(QString::asprintf("SELECT Id FROM %s WHERE (Id>0) ORDER BY SortNum",
@@ -377,6 +386,19 @@ DCharacter* DCharacterGenerator::GenerateMonster(DFileObject* race, int hitDice,
         return nullptr;
     }
     monster->SetCharacterName(own->GetRaceName());
+    // A race with no hit dice of its own (a goblin, an orc) meets the party as the open rules
+    // show it: a warrior of one level, or of `hitDice` levels.
+    if (const QUuid warrior = WarriorClass(); own->GetHitDieCount() <= 0.0f && !warrior.isNull()) {
+        for (int level = 0; level < std::clamp(hitDice, 1, kMaxLevel); ++level)
+            monster->AddHistory(warrior, 1.0f);
+        DHandBook::CharacterSetup(monster.get(), true);
+        // The open rules' warriors stand on 13, 11, 12, 10, 9, 8 before their race.
+        static constexpr int kWarriorScores[kAbilityCount] = {13, 11, 12, 10, 9, 8};
+        for (int ability = 0; ability < kAbilityCount; ++ability)
+            DHandBook::ChangeAbilityStatBase(monster.get(), DAbilityStatType(ability),
+                                             kWarriorScores[ability], false);
+        return monster.release();
+    }
     DHandBook::CharacterSetup(monster.get(), true);
     if (hitDice > 0 && float(hitDice) != own->GetHitDieCount()) {
         if (own->GetAdvanceArray().IsEmpty() || float(hitDice) > own->GetMaxHitDieCount()) {

@@ -68,6 +68,21 @@ TEST_F(MonsterCli, AnUndeadWithoutConstitutionGrowsLarge) {
     EXPECT_EQ(large["will"].toInt(), 2 + 7 + 1);
 }
 
+// A race without hit dice of its own meets the party as the open rules' orc warrior: Str 17,
+// base attack +1, grapple 1 + 3, Fort 2 + 1, Ref 0 + 0, Will 0 - 2.
+TEST_F(MonsterCli, AnOrcIsAFirstLevelWarrior) {
+    const QJsonObject orc = Json({"show", "Orc"});
+    const int expected[] = {17, 1, 4, 3, 0, -2};
+    const int built[] = {orc["abilities"].toObject()["str"].toInt(),
+                         orc["base_attack"].toInt(),
+                         orc["grapple"].toInt(),
+                         orc["fortitude"].toInt(),
+                         orc["reflex"].toInt(),
+                         orc["will"].toInt()};
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(built[i], expected[i]) << i;
+}
+
 TEST_F(MonsterCli, RefusalsNameTheReason) {
     const struct {
         QStringList args;
