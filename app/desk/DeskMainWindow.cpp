@@ -443,15 +443,7 @@ QWidget* DeskMainWindow::OpenTables(const QString& rollName) {
         tables = new TableGenFrame(this);
         tables->setWindowFlag(Qt::Window);
         tables->setAttribute(Qt::WA_DeleteOnClose);
-        connect(tables, &TableGenFrame::creatureBuilt, this,
-                [this](DCharacter* character, const QString& title) {
-                    character->Retain();
-                    SetCurrentCharacter(character, QString());
-                    setWindowTitle(
-                        tr("Hoard - %1 (%2)").arg(QString(character->GetCharacterName()), title));
-                    raise();
-                    activateWindow();
-                });
+        connect(tables, &TableGenFrame::creatureBuilt, this, &DeskMainWindow::ShowBuiltCharacter);
         connect(tables, &TableGenFrame::treasureBuilt, this,
                 [this](DTreasure* treasure, const QString& title) {
                     auto* dialog = new TreasureDialog(treasure, title, this);
@@ -467,26 +459,28 @@ QWidget* DeskMainWindow::OpenTables(const QString& rollName) {
     return tables;
 }
 
+void DeskMainWindow::ShowBuiltCharacter(DCharacter* character, const QString& title) {
+    character->Retain();
+    SetCurrentCharacter(character, QString());
+    setWindowTitle(tr("Hoard - %1 (%2)").arg(QString(character->GetCharacterName()), title));
+    raise();
+    activateWindow();
+}
+
 QWidget* DeskMainWindow::OpenGenerator(bool monsters) {
     // One window of each kind: asking again brings it forward.
     QWidget* frame = monsters ? static_cast<QWidget*>(findChild<D_UIMonsterGenFrame*>())
                               : static_cast<QWidget*>(findChild<D_UICharacterGenFrame*>());
     if (!frame) {
-        const auto show = [this](DCharacter* character, const QString& title) {
-            character->Retain();
-            SetCurrentCharacter(character, QString());
-            setWindowTitle(
-                tr("Hoard - %1 (%2)").arg(QString(character->GetCharacterName()), title));
-            raise();
-            activateWindow();
-        };
         if (monsters) {
             auto* generator = new D_UIMonsterGenFrame(this);
-            connect(generator, &D_UIMonsterGenFrame::monsterBuilt, this, show);
+            connect(generator, &D_UIMonsterGenFrame::monsterBuilt, this,
+                    &DeskMainWindow::ShowBuiltCharacter);
             frame = generator;
         } else {
             auto* generator = new D_UICharacterGenFrame(this);
-            connect(generator, &D_UICharacterGenFrame::characterBuilt, this, show);
+            connect(generator, &D_UICharacterGenFrame::characterBuilt, this,
+                    &DeskMainWindow::ShowBuiltCharacter);
             frame = generator;
         }
         frame->setWindowFlag(Qt::Window);

@@ -60,6 +60,8 @@ private:
     QString CombatRows(const DCharacter& character) const;
     // Makes `character` (whose reference the window takes over) the one shown and edited.
     void SetCurrentCharacter(DCharacter* character, const QString& file);
+    // A monster or character a generator or table made: shown as new and not saved.
+    void ShowBuiltCharacter(DCharacter* character, const QString& title);
     void StartLibrary();
     void ShowDatabaseSummary();
 

@@ -103,23 +103,6 @@ SKIP = re.compile(r"\d+(st|nd|rd|th)-Level|Human Form|Hybrid|Wolf Form|Bear Form
                   r"Tiger Form|Rat Form|Giant Form", re.I)
 
 
-def read_names(rows_dir, table):
-    path = os.path.join(rows_dir, table + ".tsv")
-    names = []
-    with open(path, encoding="utf-8") as f:
-        header = None
-        for line in f:
-            line = line.rstrip("\n")
-            if not line or line.startswith("#"):
-                continue
-            cells = line.split("\t")
-            if header is None:
-                header = cells
-                continue
-            names.append(cells[header.index("Name")])
-    return names
-
-
 def read_rows(rows_dir, table):
     """The rows of a rules table as dicts by column name."""
     path = os.path.join(rows_dir, table + ".tsv")
@@ -135,6 +118,10 @@ def read_rows(rows_dir, table):
                 continue
             rows.append(dict(zip(header, cells)))
     return rows
+
+
+def read_names(rows_dir, table):
+    return [row["Name"] for row in read_rows(rows_dir, table)]
 
 
 def read_skill_points(rows_dir):
