@@ -297,7 +297,7 @@ int CharacterCommand::RunNew(CliContext& context, QStringList args) {
     if (!context.StartLibrary())
         return 1;
     const QString raceName = race.isEmpty() ? QStringLiteral("Human") : race;
-    DFileObject* raceEntry = CliLookup::FindRace(raceName);
+    DFileObject* raceEntry = DObjectManager::FindRaceFile(raceName);
     if (!raceEntry) {
         const QStringList known = CliLookup::RaceNames();
         if (known.isEmpty())

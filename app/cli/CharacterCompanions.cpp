@@ -13,6 +13,7 @@
 #include "DDatabase.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
+#include "DObjectManager.h"
 #include "DRace.h"
 #include "FCReleaser.h"
 
@@ -193,7 +194,7 @@ int CharacterCompanions::RunAddCompanion(CliContext& context, QStringList args) 
                                     .arg(character->GetCharacterName(),
                                          DCompanionRules::GetTypeName(kind->type),
                                          grantingClasses(kind->type)));
-    DFileObject* entry = CliLookup::FindRace(args[2]);
+    DFileObject* entry = DObjectManager::FindRaceFile(args[2]);
     if (!entry)
         return CliContext::Fail(
             CliLookup::UnknownName(QStringLiteral("race"), args[2],

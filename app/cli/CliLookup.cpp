@@ -27,17 +27,6 @@ int editDistance(const QString& a, const QString& b) {
 
 } // namespace
 
-DFileObject* CliLookup::FindRace(const QString& name) {
-    DFileObject* found = nullptr;
-    for (const auto& entry : DObjectManager::GetRaceFileSet()) {
-        if (entry->GetBaseFileName().compare(name, Qt::CaseInsensitive) != 0)
-            continue;
-        if (!found || entry->GetFileObjectType() == kFileUser)
-            found = entry.Get();
-    }
-    return found;
-}
-
 QStringList CliLookup::RaceNames() {
     QStringList names;
     for (const auto& entry : DObjectManager::GetRaceFileSet())

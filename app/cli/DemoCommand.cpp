@@ -77,7 +77,7 @@ int DemoCommand::Run(CliContext& context, QStringList args) {
     DOptions::SetUserDataPath(FCString(scratch.path()));
     if (!context.StartLibrary())
         return 1;
-    DFileObject* dwarf = CliLookup::FindRace(QStringLiteral("Dwarf"));
+    DFileObject* dwarf = DObjectManager::FindRaceFile(QStringLiteral("Dwarf"));
     if (!dwarf)
         return CliContext::Fail(
             QStringLiteral("the ready race Dwarf is not installed in %1").arg(context.DataDir()));

@@ -60,7 +60,7 @@ struct RaceEntry {
 QList<RaceEntry> raceEntries() {
     QList<RaceEntry> entries;
     for (const QString& name : CliLookup::RaceNames()) {
-        DFileObject* entry = CliLookup::FindRace(name);
+        DFileObject* entry = DObjectManager::FindRaceFile(name);
         FCRef<DRace> race(entry ? DRace::CreateFromFile(entry->GetAccessFilePath(), false)
                                 : nullptr);
         if (!race)
@@ -148,7 +148,7 @@ int GenerateCommand::RunCharacters(CliContext& context, QStringList args) {
     if (!context.StartLibrary())
         return 1;
     if (!race.isEmpty()) {
-        request.race = CliLookup::FindRace(race);
+        request.race = DObjectManager::FindRaceFile(race);
         if (!request.race)
             return CliContext::Fail(
                 CliLookup::UnknownName(QStringLiteral("race"), race,
@@ -209,7 +209,7 @@ int GenerateCommand::RunMonsters(CliContext& context, QStringList args) {
         return 1;
     QStringList pool;
     if (!race.isEmpty()) {
-        if (!CliLookup::FindRace(race))
+        if (!DObjectManager::FindRaceFile(race))
             return CliContext::Fail(
                 CliLookup::UnknownName(QStringLiteral("race"), race,
                                        CliLookup::ClosestNames(race, CliLookup::RaceNames(), 3)));
@@ -234,8 +234,8 @@ int GenerateCommand::RunMonsters(CliContext& context, QStringList args) {
     QList<DCharacter*> made;
     for (int i = 0; i < count; ++i) {
         const QString name = pool.at(FC::GetRandom(0, int(pool.size())));
-        DCharacter* monster =
-            DCharacterGenerator::GenerateMonster(CliLookup::FindRace(name), hitDice, error);
+        DCharacter* monster = DCharacterGenerator::GenerateMonster(
+            DObjectManager::FindRaceFile(name), hitDice, error);
         if (!monster) {
             for (DCharacter* done : made)
                 done->Release();

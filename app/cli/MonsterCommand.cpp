@@ -33,7 +33,7 @@ FCRef<DCharacter> LoadMonster(CliContext& context, const QString& name, QString&
     }
     if (!context.StartLibrary())
         return nullptr;
-    DFileObject* entry = CliLookup::FindRace(name);
+    DFileObject* entry = DObjectManager::FindRaceFile(name);
     if (!entry) {
         error = CliLookup::UnknownName(QStringLiteral("race"), name,
                                        CliLookup::ClosestNames(name, CliLookup::RaceNames(), 3));

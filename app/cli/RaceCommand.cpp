@@ -472,7 +472,7 @@ int RaceCommand::RunShow(CliContext& context, QStringList args) {
     const QString name = args.join(' ').trimmed();
     if (!context.StartLibrary())
         return 1;
-    DFileObject* entry = CliLookup::FindRace(name);
+    DFileObject* entry = DObjectManager::FindRaceFile(name);
     if (!entry) {
         const QStringList closest = CliLookup::ClosestNames(name, CliLookup::RaceNames(), 3);
         return CliContext::Fail(

@@ -7,6 +7,7 @@
 #include "DCharacterXml.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
+#include "DObjectManager.h"
 #include "DOutput.h"
 #include "DXslTransform.h"
 
@@ -127,7 +128,7 @@ DCharacter* StatblockCommand::LoadSubject(CliContext& context, const QString& fi
             CliContext::Fail(error);
         return character;
     }
-    DFileObject* entry = CliLookup::FindRace(raceName);
+    DFileObject* entry = DObjectManager::FindRaceFile(raceName);
     if (!entry) {
         CliContext::Fail(
             CliLookup::UnknownName(QStringLiteral("race"), raceName,

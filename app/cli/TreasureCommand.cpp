@@ -3,6 +3,7 @@
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "DFileObject.h"
+#include "DObjectManager.h"
 #include "DRace.h"
 #include "DTreasure.h"
 #include "DTreasureGenerator.h"
@@ -117,7 +118,7 @@ int TreasureCommand::Run(CliContext& context, QStringList args) {
         return 1;
     FCRef<DRace> creature;
     if (!race.isEmpty()) {
-        DFileObject* entry = CliLookup::FindRace(race);
+        DFileObject* entry = DObjectManager::FindRaceFile(race);
         if (!entry)
             return CliContext::Fail(
                 CliLookup::UnknownName(QStringLiteral("race"), race,

@@ -44,6 +44,17 @@ void DObjectManager::StartUp() {
     mHasStarted = true;
 }
 
+DFileObject* DObjectManager::FindRaceFile(const QString& baseName) {
+    DFileObject* found = nullptr;
+    for (const auto& entry : mRaceFileSet) {
+        if (QString(entry->GetBaseFileName()).compare(baseName, Qt::CaseInsensitive) != 0)
+            continue;
+        if (!found || entry->GetFileObjectType() == kFileUser)
+            found = entry.Get();
+    }
+    return found;
+}
+
 FCString DObjectManager::GetObjectPath(DObjectType type, DFileObjectType tree) {
     if (tree == kFileEncounter)
         return FCString("User\\Encounters\\");

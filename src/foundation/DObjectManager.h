@@ -24,6 +24,8 @@ public:
     static void DestroyFileObject(DFileObject* entry);
 
     static FCPointerSet<DFileObject>& GetRaceFileSet() { return mRaceFileSet; }
+    // The race of that base name (any case), the user's before a ready one; null if none.
+    static DFileObject* FindRaceFile(const QString& baseName);
     static FCPointerSet<DFileObject>& GetCharacterSet() { return mCharacterSet; }
     static FCPointerSet<DFileObject>& GetMonsterSet() { return mMonsterSet; }
     static FCPointerSet<DFileObject>& GetTreasureSet() { return mTreasureSet; }

@@ -41,16 +41,6 @@ constexpr int kMaxLevel = 20;
 constexpr int kMaxAlignmentId = 0xFFFF;
 constexpr int kMaxTableDepth = 32;
 
-DFileObject* findRace(const QString& baseName) {
-    if (baseName.isEmpty())
-        return nullptr;
-    for (const auto& entry : DObjectManager::GetRaceFileSet()) {
-        if (QString(entry->GetBaseFileName()).compare(baseName, Qt::CaseInsensitive) == 0)
-            return entry.Get();
-    }
-    return nullptr;
-}
-
 QUuid findClass(const QString& name) {
     for (const auto& [guid, info] : DDatabase::GetClassInfoMap()) {
         if (QString(static_cast<const DClassInfo*>(info)->mName)
@@ -295,7 +285,7 @@ FCRef<DCharacter> D_UICharacterGenFrame::decodeItem(const QTreeWidgetItem* row,
     const QString raceName = row->text(kColumnRace);
     const QString className = row->text(kColumnClass);
     int level = row->text(kColumnLevel).toInt();
-    DFileObject* race = findRace(raceName);
+    DFileObject* race = DObjectManager::FindRaceFile(raceName);
     const FCRef<DRace> raceData(race ? DRace::CreateFromFile(race->GetAccessFilePath(), false)
                                      : nullptr);
     // Racial hit dice count toward the twenty levels.

@@ -23,14 +23,6 @@ QString tr(const char* text) {
     return QCoreApplication::translate("TableResultBuilder", text);
 }
 
-DFileObject* findRace(const QString& baseName) {
-    for (const auto& entry : DObjectManager::GetRaceFileSet()) {
-        if (QString(entry->GetBaseFileName()).compare(baseName, Qt::CaseInsensitive) == 0)
-            return entry.Get();
-    }
-    return nullptr;
-}
-
 FCRef<DCharacter> loadCharacter(const QString& file, QString& error) {
     FCRef<DCharacter> character(DCharacter::CreateFromFile(FCString(file), false, nullptr));
     if (!character)
@@ -40,7 +32,7 @@ FCRef<DCharacter> loadCharacter(const QString& file, QString& error) {
 
 FCRef<DCharacter> buildMonster(const DTableResult& result, QString& error) {
     if (result.objectType == kObjectRace) {
-        DFileObject* race = findRace(result.name);
+        DFileObject* race = DObjectManager::FindRaceFile(result.name);
         if (!race) {
             error = tr("no ready race named '%1'").arg(result.name);
             return nullptr;
@@ -76,7 +68,7 @@ FCRef<DCharacter> buildCharacter(const DTableResult& result, QString& error) {
         changed = true;
     }
     if (!result.race.isEmpty()) {
-        DFileObject* race = findRace(result.race);
+        DFileObject* race = DObjectManager::FindRaceFile(result.race);
         if (!race) {
             error = tr("no ready race named '%1'").arg(result.race);
             return nullptr;
