@@ -3,12 +3,9 @@
 
 #include "CharacterTestSupport.h"
 
-#include "DCharHistory.h"
 #include "DCharacterClass.h"
 #include "DClassSkillType.h"
 #include "DSpellCaster.h"
-#include "DSpellsPerDayValues.h"
-#include "FCSet.h"
 
 #include <gtest/gtest.h>
 

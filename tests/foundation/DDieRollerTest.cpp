@@ -1,12 +1,7 @@
 #include "DDieRoller.h"
 
-#include "Connection.h"
 #include "DDieData.h"
-#include "DriverManager.h"
-#include "FCArchive.h"
 #include "FCRandom.h"
-#include "ResultSet.h"
-#include "Statement.h"
 
 
 #include <gtest/gtest.h>

@@ -62,7 +62,7 @@ TEST_F(CharacterXmlTest, OptionalElementsFollowTheRecord) {
     // A wizard with a cat familiar: the cat is a short character body of its own.
     CharacterRef wizard(new DCharacter());
     DHandBook::SetupCharacterWithRace(wizard.get(), ReadyRace("Human"));
-    wizard->AddHistory(ClassGuid("Wizard"), 1.0f);
+    wizard->AddHistory(hoardtest::classGuid("Wizard"), 1.0f);
     DHandBook::CharacterSetup(wizard.get(), true);
     ASSERT_NE(DCompanionRules::AddCharacterAnimal(wizard.get(), *ReadyRace("Cat"),
                                                   DCompanionRules::kFamiliar),

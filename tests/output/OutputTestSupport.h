@@ -46,12 +46,9 @@ protected:
     }
 
     static DFileObject* ReadyRace(const QString& name) {
-        for (const auto& entry : DObjectManager::GetRaceFileSet()) {
-            if (entry->GetBaseFileName() == name)
-                return entry.Get();
-        }
-        ADD_FAILURE() << "no ready race " << name.toStdString();
-        return nullptr;
+        DFileObject* race = DObjectManager::FindRaceFile(name);
+        EXPECT_NE(race, nullptr) << "no ready race " << name.toStdString();
+        return race;
     }
 
     // A creature that is its ready race alone, as `hoard statblock --race` makes it.
@@ -63,17 +60,13 @@ protected:
         return character;
     }
 
-    static QUuid ClassGuid(const QString& name) { return hoardtest::classGuid(name); }
-    static QUuid FeatGuid(const QString& name) { return hoardtest::featGuid(name); }
-    static QUuid SkillGuid(const QString& name) { return hoardtest::skillGuid(name); }
-
     // Tordek as `hoard demo` builds him: a dwarf fighter 4 rolled 15/13/14/10/12/8, 4 ranks of
     // Climb, Power Attack and Cleave.
     static CharacterRef Tordek() {
         CharacterRef character(new DCharacter());
         character->SetCharacterName(FCString("Tordek"));
         DHandBook::SetupCharacterWithRace(character.get(), ReadyRace("Dwarf"));
-        const QUuid fighter = ClassGuid("Fighter");
+        const QUuid fighter = hoardtest::classGuid("Fighter");
         for (int level = 0; level < 4; ++level)
             character->AddHistory(fighter, 1.0f);
         DHandBook::CharacterSetup(character.get(), true);
@@ -82,10 +75,11 @@ protected:
             DHandBook::ChangeAbilityStatBase(character.get(), DAbilityStatType(a), scores[a],
                                              false);
         character->SetActiveClassId(fighter);
-        DHandBook::AddSkill(character.get(), SkillGuid("Climb"), QUuid(), 1, 4.0f, false);
+        DHandBook::AddSkill(character.get(), hoardtest::skillGuid("Climb"), QUuid(), 1, 4.0f,
+                            false);
         for (const char* name : {"Power Attack", "Cleave"}) {
             auto* feat = new DChosenFeat();
-            feat->SetFeatGuid(FeatGuid(QString::fromLatin1(name)));
+            feat->SetFeatGuid(hoardtest::featGuid(QString::fromLatin1(name)));
             DHandBook::AddFeat(character.get(), true, feat);
             feat->Release();
         }
