@@ -93,12 +93,18 @@ RACIAL_SAVES = {
 # The open rules give the humanoids that have no racial hit dice of their own as a
 # "1st-Level Warrior"; their scores are the warrior's 13, 11, 12, 10, 9, 8 with the racial
 # adjustments applied, so the race can be taken back out of the stat block.
+# A creature with a swim or climb speed has +8 racial bonus on Swim or Climb checks.
+SPEED_SKILLS = {"swim": "Swim", "climb": "Climb"}
+SPEED_SKILL_BONUS = 8
+# Sub-skills as the stat blocks spell them where the skill table spells them otherwise.
+SUB_SKILL_ALIASES = {"planes": "The Planes", "stringed instruments": "String Instruments"}
+
 WARRIOR = re.compile(r"^(.*), 1st-Level Warrior$")
 WARRIOR_SCORES = {"Str": 13, "Dex": 11, "Con": 12, "Int": 10, "Wis": 9, "Cha": 8}
 # What a warrior's block holds that is not the race's: its class dice, its chosen feats and the
 # published line of the warrior.
 WARRIOR_DROPS = ("# published:", "hit_dice:", "skill_points:", "good_saves:", "save_bonus:",
-                 "feats:", "feature: Feat:", "advancement:")
+                 "feats:", "skills:", "skill_ranks:", "# published skills:", "feature: Feat:", "advancement:")
 SKIP = re.compile(r"\d+(st|nd|rd|th)-Level|Human Form|Hybrid|Wolf Form|Bear Form|Boar Form|"
                   r"Tiger Form|Rat Form|Giant Form", re.I)
 
@@ -198,6 +204,23 @@ class Converter:
             name = "%s (%s)" % (r["Guid"], r["Name"])
             self.skills[name.lower()] = name
         self.schools = {n.lower(): n for n in read_names(rows_dir, "info Spell Schools")}
+        skill_rows = read_rows(rows_dir, "info Skill")
+        self.skill_ability = {r["Name"]: int(r["StatId"]) for r in skill_rows}
+        self.multi_skills = {r["Name"] for r in skill_rows if r["IsMulti"] == "1"}
+        self.feat_skill_bonus = collections.defaultdict(list)
+        for r in read_rows(rows_dir, "info Feat Bonuses"):
+            if r["Type"] == "6" and r["SkillId"]:
+                self.feat_skill_bonus[r["Id"]].append((r["SkillId"], int(r["Data"])))
+        self.skill_focus = next(int(r["Data"]) for r in read_rows(rows_dir, "info Feat Bonuses")
+                                if r["Id"] == "Skill Focus" and r["Type"] == "6")
+        self.synergies = [(self.sub_skill_name(r["SourceSkill"], r["SourceSubSkill"]),
+                           int(r["ReqRanks"]),
+                           self.sub_skill_name(r["TargetSkill"], r["TargetSubSkill"]),
+                           int(r["Bonus"]))
+                          for r in read_rows(rows_dir, "info Skill Bonuses Synergy")]
+        self.size_skill_bonus = collections.defaultdict(dict)
+        for r in read_rows(rows_dir, "info Skill Bonuses Size"):
+            self.size_skill_bonus[r["SizeId"]][r["SkillId"]] = int(r["Bonus"])
         self.type_good_saves = {
             r["Name"]: [save for save, column in zip(SAVES, ("HIFORT", "HIREF", "HIWILL"))
                         if r[column] == "1"]
@@ -205,6 +228,8 @@ class Converter:
         self.gaps = collections.Counter()
         # Creatures whose published saves the converter cannot reach, with the gap.
         self.save_misses = []
+        # Published skill totals below what the rest of the creature already gives.
+        self.skill_misses = []
 
     def gap(self, what):
         self.gaps[what] += 1
@@ -339,6 +364,19 @@ class Converter:
             self.gap("no speed in feet (written as land 0)")
             speeds = ["land 0"]
         out.append("speed: " + ", ".join(speeds))
+
+        totals = self.published_skills(row)
+        if totals:
+            ranks, racial, unreachable = self.skill_split(
+                totals, size, number(hd.group(1)), ab, taken, seen, points)
+            for skill in unreachable:
+                self.skill_misses.append((name, "%s %+d" % (skill, totals[skill])))
+            out.insert(2, "# published skills: " + ", ".join(
+                "%s %+d" % (k, v) for k, v in totals.items()))
+            out.append("skill_ranks: " + ", ".join("%s %d" % (k, v) for k, v in ranks.items()))
+            bonus = ["%s %+d" % (k, v) for k, v in racial.items() if v > 0]
+            if bonus:
+                out.append("skills: " + ", ".join(bonus))
 
         sr = re.match(r"^\s*(\d+(?:[-\s]\d+/\d+|/\d+)?)\s*ft\.?\s*/\s*(\d+(?:[-\s]\d+/\d+|/\d+)?)",
                       row["Space/Reach"])
@@ -554,6 +592,98 @@ class Converter:
         per_die = max(1, self.type_skill_points[ctype] + (int(intelligence) - 10) // 2)
         return per_die * (max(1, int(hit_dice)) + 3)
 
+    def sub_skill_name(self, skill, sub):
+        """'Knowledge', 'Knowledge/Arcana' (a synergy row) -> 'Knowledge (Arcana)'."""
+        if not sub:
+            return skill
+        sub = sub.split("/")[-1]
+        name = "%s (%s)" % (skill, sub)
+        return self.skills.get(name.lower(), name)
+
+    def skill_names(self, text):
+        """The skills a stat block's name stands for: 'Knowledge (arcana, the planes)' is two;
+        a choice ('Knowledge (any one)', 'Craft or Knowledge') is none."""
+        m = re.match(r"^([A-Za-z ]+?)\s*(?:\((.*)\))?$", text.strip())
+        if not m or m.group(1).lower() not in self.skills:
+            return []
+        skill = self.skills[m.group(1).lower()]
+        if skill not in self.multi_skills:
+            return [] if m.group(2) else [skill]
+        names = []
+        for sub in (m.group(2) or "").split(","):
+            sub = sub.strip().lower()
+            sub = SUB_SKILL_ALIASES.get(sub, sub)
+            found = self.skills.get(("%s (%s)" % (skill, sub)).lower())
+            if not found:
+                return []
+            names.append(found)
+        return names
+
+    def published_skills(self, row):
+        """The skill totals of the Skills column that name skills of the table, in order."""
+        totals = collections.OrderedDict()
+        for item in split_top(row["Skills"].replace("\u2212", "-"), ","):
+            m = re.match(r"^(.+?)\s*([+-]\d+)", item)
+            names = self.skill_names(m.group(1)) if m else []
+            if not names:
+                if item.strip() not in ("", "-", "\u2014"):
+                    self.gap("skill that names a choice or no skill of the table (left out)")
+                continue
+            for name in names:
+                totals.setdefault(name, int(m.group(2)))
+        return totals
+
+    def skill_split(self, totals, size, hit_dice, ab, feats, speed_kinds, points):
+        """Ranks and racial bonuses that give the published skill totals, as the engine adds
+        them up: the key ability's modifier, the size's Hide modifier, the feats' bonuses and a
+        +2 synergy from 5 ranks. A swim or climb speed gives +8 on Swim or Climb. Of the rest,
+        ranks go up to HD + 3 per skill and as far as the creature's skill points reach,
+        taken off the highest first; what is left is racial. A creature of one hit die or
+        less earns no points on its racial die in the engine (a class level takes it over),
+        so all of its rest is racial. Returns (ranks, racial, unreachable)."""
+        feat_bonus = collections.Counter()
+        for entry, times in feats.items():
+            entry = entry.strip('"')
+            focus = re.match(r"^Skill Focus \((.+)\)$", entry)
+            if focus:
+                feat_bonus[focus.group(1)] += self.skill_focus * times
+            for skill, amount in self.feat_skill_bonus.get(entry, []):
+                feat_bonus[skill] += amount * times
+        fixed, speed_bonus = {}, {}
+        for name in totals:
+            base = name.split(" (")[0]
+            ability = self.skill_ability.get(base, -1)
+            mod = 0
+            if 0 <= ability < len(ABILITIES):
+                # A nonability counts as no modifier, as a missing Constitution does by the
+                # rules and as the engine reads one.
+                score = ab[ABILITIES[ability]]
+                mod = int(score) // 2 - 5 if score.isdigit() else 0
+            fixed[name] = mod + self.size_skill_bonus.get(size, {}).get(base, 0) + \
+                feat_bonus[name]
+            speed_bonus[name] = next((SPEED_SKILL_BONUS for kind, skill in SPEED_SKILLS.items()
+                                      if skill == name and kind in speed_kinds), 0)
+        cap = max(1, int(hit_dice)) + 3
+        budget = points if hit_dice > 1 else 0
+        ranks = {name: 0 for name in totals}
+        for _ in range(6):
+            synergy = collections.Counter()
+            for source, required, target, bonus in self.synergies:
+                if ranks.get(source, 0) >= required:
+                    synergy[target] = bonus
+            rest = {name: totals[name] - fixed[name] - synergy[name] - speed_bonus[name]
+                    for name in totals}
+            wanted = {name: max(0, min(cap, rest[name])) for name in totals}
+            while sum(wanted.values()) > budget:
+                top = max(wanted, key=lambda n: (wanted[n], n))
+                wanted[top] -= 1
+            if wanted == ranks:
+                break
+            ranks = wanted
+        racial = {name: rest[name] - ranks[name] + speed_bonus[name] for name in totals}
+        unreachable = [name for name in totals if racial[name] < 0]
+        return ranks, racial, unreachable
+
     def alignment(self, text):
         t = text.strip().lower()
         if not t:
@@ -653,6 +783,9 @@ def main():
         print("  skipped %s: %s" % (name, why))
     print("published saves not reached (%d):" % len(conv.save_misses))
     for name, what in conv.save_misses:
+        print("  %s: %s" % (name, what))
+    print("published skill totals not reached (%d):" % len(conv.skill_misses))
+    for name, what in conv.skill_misses:
         print("  %s: %s" % (name, what))
     print("defaults taken:")
     for what, count in sorted(conv.gaps.items()):
