@@ -89,15 +89,16 @@ RACIAL_SAVES = {
               "unearthly grace: Charisma modifier on every save"),
     "Derro": ({"Will": 6}, "madness: Charisma (+3) takes the place of Wisdom (-3) on Will saves"),
     "Nightcrawler": NIGHTSHADE, "Nightwalker": NIGHTSHADE, "Nightwing": NIGHTSHADE,
+    "Svirfneblin": ({"Fort": 2, "Ref": 2, "Will": 2}, "+2 racial bonus on all saves"),
 }
-# The open rules give the humanoids that have no racial hit dice of their own as a
+# The open rules give the races that have no racial hit dice of their own as a
 # "1st-Level Warrior"; their scores are the warrior's 13, 11, 12, 10, 9, 8 with the racial
 # adjustments applied, so the race can be taken back out of the stat block.
 WARRIOR = re.compile(r"^(.*), 1st-Level Warrior$")
 WARRIOR_SCORES = {"Str": 13, "Dex": 11, "Con": 12, "Int": 10, "Wis": 9, "Cha": 8}
-# What a warrior's block holds that is not the race's: its class dice, its chosen feats and the
-# published line of the warrior.
-WARRIOR_DROPS = ("# published:", "hit_dice:", "skill_points:", "good_saves:", "save_bonus:",
+# What a warrior's block holds that is not the race's: its class dice and its chosen feats. Its
+# published line and racial save bonus stay: a race of no hit dice is shown as that warrior.
+WARRIOR_DROPS = ("hit_dice:", "skill_points:", "good_saves:",
                  "feats:", "feature: Feat:", "advancement:")
 # An astral construct's level is the power's level, not a class level: its hit dice are its own.
 SKIP = re.compile(r"\d+(st|nd|rd|th)-Level(?! Astral Construct)|Human Form|Hybrid|Wolf Form|"
@@ -452,12 +453,11 @@ class Converter:
 
     def convert_warrior(self, row, race):
         """The race of a "1st-Level Warrior" block: no hit dice of its own, like the player
-        races, and its scores as adjustments; None for one that is not a humanoid."""
+        races, and its scores as adjustments. A race of another type (an aasimar, an elan)
+        keeps its type: with no hit dice the type adds nothing but its traits."""
         lines, why = self.convert(row)
         if lines is None:
             return None, why
-        if "type: Humanoid" not in lines:
-            return None, "a warrior block of a race that is not a humanoid"
         out = []
         for line in lines:
             if line.startswith(WARRIOR_DROPS):
@@ -560,7 +560,7 @@ class Converter:
         neither, the creature keeps the `usual` good saves of its kind."""
         level = int(hit_dice)
         good, bonus, misses = [], {}, []
-        racial = RACIAL_SAVES.get(name, ({}, ""))[0]
+        racial = RACIAL_SAVES.get(WARRIOR.sub(r"\1", name), ({}, ""))[0]
         for save in SAVES:
             score = ab[SAVE_ABILITY[save]]
             base = (int(score) - 10) // 2 if score.isdigit() else 0
