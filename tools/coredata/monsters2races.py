@@ -89,8 +89,9 @@ RACIAL_SAVES = {
               "unearthly grace: Charisma modifier on every save"),
     "Derro": ({"Will": 6}, "madness: Charisma (+3) takes the place of Wisdom (-3) on Will saves"),
     "Nightcrawler": NIGHTSHADE, "Nightwalker": NIGHTSHADE, "Nightwing": NIGHTSHADE,
+    "Svirfneblin": ({"Fort": 2, "Ref": 2, "Will": 2}, "+2 racial bonus on all saves"),
 }
-# The open rules give the humanoids that have no racial hit dice of their own as a
+# The open rules give the races that have no racial hit dice of their own as a
 # "1st-Level Warrior"; their scores are the warrior's 13, 11, 12, 10, 9, 8 with the racial
 # adjustments applied, so the race can be taken back out of the stat block.
 # A creature with a swim or climb speed has +8 racial bonus on Swim or Climb checks.
@@ -101,12 +102,59 @@ SUB_SKILL_ALIASES = {"planes": "The Planes", "stringed instruments": "String Ins
 
 WARRIOR = re.compile(r"^(.*), 1st-Level Warrior$")
 WARRIOR_SCORES = {"Str": 13, "Dex": 11, "Con": 12, "Int": 10, "Wis": 9, "Cha": 8}
-# What a warrior's block holds that is not the race's: its class dice, its chosen feats and the
-# published line of the warrior.
-WARRIOR_DROPS = ("# published:", "hit_dice:", "skill_points:", "good_saves:", "save_bonus:",
-                 "feats:", "skills:", "skill_ranks:", "# published skills:", "feature: Feat:", "advancement:")
-SKIP = re.compile(r"\d+(st|nd|rd|th)-Level|Human Form|Hybrid|Wolf Form|Bear Form|Boar Form|"
-                  r"Tiger Form|Rat Form|Giant Form", re.I)
+# What a warrior's block holds that is not the race's: its class dice and its chosen feats. Its
+# published line and racial save bonus stay: a race of no hit dice is shown as that warrior.
+# Nor are its skill totals, which hold the warrior's ranks.
+WARRIOR_DROPS = ("hit_dice:", "skill_points:", "good_saves:", "feats:", "skills:",
+                 "skill_ranks:", "# published skills:", "feature: Feat:", "advancement:")
+# An astral construct's level is the power's level, not a class level: its hit dice are its own.
+SKIP = re.compile(r"\d+(st|nd|rd|th)-Level(?! Astral Construct)|Human Form|Hybrid|Wolf Form|"
+                  r"Bear Form|Boar Form|Tiger Form|Rat Form|Giant Form", re.I)
+SCORE = re.compile(r"(Str|Dex|Con|Int|Wis|Cha)[\s_]*([-\u2014\u2013]|\d+)")
+# The open rules' skeleton: Strength as the base creature, Dexterity +2, no Constitution or
+# Intelligence, Wisdom 10, Charisma 1. A skeleton block that leaves its scores out has them
+# worked from its base creature's block.
+SKELETON = re.compile(r"^(.+) Skeleton$")
+# The human warrior skeleton stands on a human 1st-level warrior, which has no block of its
+# own; a human has no adjustments, so the warrior's scores are the human's.
+SKELETON_BASES = {"Human Warrior": WARRIOR_SCORES}
+# A block whose scores are cut off takes the missing ones from the blocks of the same creature
+# at other sizes, where they all agree: the xorns share Int 10, Wis 11 and Cha 10, and the
+# average xorn's Will (+5, good 5 + Wis 0) and skill totals (+10 on 10 ranks, 8 skills on
+# (8 + Int 0) x 10 points) show modifiers of 0 for all three.
+KIN = {"Average Xorn": ("Minor Xorn", "Elder Xorn")}
+
+
+def complete(row, blocks):
+    """The row with what its block leaves out worked from other blocks of the file (`blocks`,
+    by name): a skeleton's scores from its base creature, cut-off scores from the creature's
+    kin, a bare "traits" as its type's traits; "lowlight" spelt as the quality table has it.
+    Whatever cannot be worked out stays as the block gives it."""
+    fixed = dict(row)
+    name = row["name"].strip()
+    have = dict(SCORE.findall(row["Abilities"]))
+    skeleton = SKELETON.match(name)
+    if not have and skeleton:
+        base = SKELETON_BASES.get(skeleton.group(1))
+        if base is None and skeleton.group(1) in blocks:
+            base = dict(SCORE.findall(blocks[skeleton.group(1)]["Abilities"]))
+        if base and str(base.get("Dex", "")).isdigit() and "Str" in base:
+            fixed["Abilities"] = "Str %s, Dex %d, Con -, Int -, Wis 10, Cha 1" % (
+                base["Str"], int(base["Dex"]) + 2)
+    elif len(have) < 6 and name in KIN:
+        kin = [dict(SCORE.findall(blocks[k]["Abilities"])) for k in KIN[name] if k in blocks]
+        missing = [a for a in ABILITIES if a not in have]
+        if len(kin) == len(KIN[name]) and all(
+                k.get(a) is not None and k.get(a) == kin[0].get(a) for k in kin for a in missing):
+            have.update({a: kin[0][a] for a in missing})
+            fixed["Abilities"] = ", ".join("%s %s" % (a, have[a]) for a in ABILITIES)
+    qualities = re.sub(r"\blowlight\b", "low-light", row["Special Qualities"])
+    # "traits" alone (the 2nd-level astral construct's line is cut): its type's traits.
+    ctype = next((t for t in TYPES if re.search(r"\b%s\b" % t, row["size_type"])), None)
+    if ctype:
+        qualities = re.sub(r"(^|,\s*)traits\b", r"\g<1>%s traits" % ctype, qualities)
+    fixed["Special Qualities"] = qualities
+    return fixed
 
 
 def read_rows(rows_dir, table):
@@ -257,7 +305,7 @@ class Converter:
 
         size_type = row["size_type"].replace("Medium-Size", "Medium").replace("Medium-size",
                                                                                 "Medium")
-        m = re.match(r"^\s*(\w+)\s+([A-Za-z ]+?)\s*(?:\(([^)]*)\))?\s*$", size_type)
+        m = re.match(r"^\s*(\w+)\s+([A-Za-z ]+?)\s*((?:\([^)]*\)\s*)*)$", size_type)
         if not m or m.group(1) not in SIZES:
             return None, "size/type '%s'" % row["size_type"]
         size = m.group(1)
@@ -267,7 +315,9 @@ class Converter:
             return None, "type '%s'" % m.group(2)
         out.append("type: " + ctype)
         subs = []
-        for s in (m.group(3) or "").split(","):
+        # "(Evil) (Chaotic or Lawful)": a choice is no subtype; the alignment line picks.
+        groups = [g for g in re.findall(r"\(([^)]*)\)", m.group(3)) if " or " not in g]
+        for s in ",".join(groups).split(","):
             s = s.strip()
             if not s:
                 continue
@@ -442,12 +492,11 @@ class Converter:
 
     def convert_warrior(self, row, race):
         """The race of a "1st-Level Warrior" block: no hit dice of its own, like the player
-        races, and its scores as adjustments; None for one that is not a humanoid."""
+        races, and its scores as adjustments. A race of another type (an aasimar, an elan)
+        keeps its type: with no hit dice the type adds nothing but its traits."""
         lines, why = self.convert(row)
         if lines is None:
             return None, why
-        if "type: Humanoid" not in lines:
-            return None, "a warrior block of a race that is not a humanoid"
         out = []
         for line in lines:
             if line.startswith(WARRIOR_DROPS):
@@ -550,7 +599,7 @@ class Converter:
         neither, the creature keeps the `usual` good saves of its kind."""
         level = int(hit_dice)
         good, bonus, misses = [], {}, []
-        racial = RACIAL_SAVES.get(name, ({}, ""))[0]
+        racial = RACIAL_SAVES.get(WARRIOR.sub(r"\1", name), ({}, ""))[0]
         for save in SAVES:
             score = ab[SAVE_ABILITY[save]]
             base = (int(score) - 10) // 2 if score.isdigit() else 0
@@ -760,24 +809,26 @@ def main():
             hand_written.add(f[:-5].lower())
     written, skipped = [], []
     with open(source, encoding="utf-8", newline="") as f:
-        for row in csv.DictReader(f):
-            name = file_name(row["name"])
-            warrior = WARRIOR.match(name)
-            if warrior:
-                name = warrior.group(1)
-            if SKIP.search(name):
-                skipped.append((name, "class levels or a template form"))
-                continue
-            if name.lower() in hand_written or name.lower() in (w.lower() for w in written):
-                skipped.append((name, "name already taken"))
-                continue
-            lines, why = conv.convert_warrior(row, name) if warrior else conv.convert(row)
-            if lines is None:
-                skipped.append((name, why))
-                continue
-            with open(os.path.join(out_dir, name + ".race"), "w", encoding="utf-8") as fh:
-                fh.write("\n".join(lines) + "\n")
-            written.append(name)
+        rows = list(csv.DictReader(f))
+    blocks = {row["name"].strip(): row for row in rows}
+    for row in (complete(r, blocks) for r in rows):
+        name = file_name(row["name"])
+        warrior = WARRIOR.match(name)
+        if warrior:
+            name = warrior.group(1)
+        if SKIP.search(name):
+            skipped.append((name, "class levels or a template form"))
+            continue
+        if name.lower() in hand_written or name.lower() in (w.lower() for w in written):
+            skipped.append((name, "name already taken"))
+            continue
+        lines, why = conv.convert_warrior(row, name) if warrior else conv.convert(row)
+        if lines is None:
+            skipped.append((name, why))
+            continue
+        with open(os.path.join(out_dir, name + ".race"), "w", encoding="utf-8") as fh:
+            fh.write("\n".join(lines) + "\n")
+        written.append(name)
     print("wrote %d races, skipped %d" % (len(written), len(skipped)))
     for name, why in skipped:
         print("  skipped %s: %s" % (name, why))
