@@ -411,6 +411,12 @@ DCharacter* DCharacterGenerator::GenerateMonster(DFileObject* race, int hitDice,
         }
         DHandBook::AdvanceCharacterWithHD(monster.get(), own->GetHitDieCount(), float(hitDice),
                                           false);
+        // The added dice spend their points as a generated character's do: ranks in the
+        // creature's own skills, feats whose prerequisites hold.
+        if (DCharacterClass* raceClass = monster->GetClassPointer(own->GetClassGuid())) {
+            BuySkills(*monster, *raceClass);
+            TakeFeats(*monster, *raceClass, false);
+        }
     }
     return monster.release();
 }

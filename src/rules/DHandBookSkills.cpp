@@ -104,8 +104,11 @@ int DHandBook::ComputeSkillPoints(DCharacter* character, int level, int modChang
         for (float step = entry->GetLevel(); step > 0.0f; step -= 1.0f) {
             ++counter;
             if (counter > limit) {
+                // Added racial dice add to what the race's dice hold; only a new race entry
+                // (limit 0) counts its own dice afresh.
                 if (isRace)
-                    points = ComputeRaceSkillPoints(character, limit) +
+                    points = (limit == 0 ? ComputeRaceSkillPoints(character, limit)
+                                         : entry->getSkillpoints()) +
                              ComputeAdvancedRaceSkillPoints(character) + modChange;
                 else if (!firstDone && limit == 0)
                     points = extraFirst + (perLevel + modChange) * 4;
@@ -212,8 +215,11 @@ int DHandBook::ComputeAdvancedRaceSkillPoints(DCharacter* character) {
     GetSkillPointValues(character->GetRace(), values);
     if (values.advanceType == 1)
         return values.bonusPerEHD * character->GetAdvancedHitDie();
+    // Each added die brings at least one point, as a creature's dice do by the rules; the
+    // type's formula alone (2 - 5 for an animal's Int 1) would take points away.
     if (values.advanceType == 2)
-        return ComputeRaceSkillPoints(character, values, character->GetAdvancedHitDie());
+        return std::max(ComputeRaceSkillPoints(character, values, character->GetAdvancedHitDie()),
+                        character->GetAdvancedHitDie());
     return 0;
 }
 

@@ -40,6 +40,9 @@ TEST_F(MonsterCli, AnAnkhegGrowsHugeAndBack) {
     EXPECT_EQ(huge["base_attack"].toInt(), 6);
     EXPECT_EQ(huge["grapple"].toInt(), 6 + 9 + 8);
     EXPECT_EQ(huge["fortitude"].toInt(), 5 + 5);
+    // Its 3 HD bought the block's Climb 3 and Listen 3 with (2 + Int 1's -5, at least 1) x 6
+    // points; each added die brings at least 1, left for the user to spend.
+    EXPECT_TRUE(Hoard({"monster", "show", file}).out.contains("Points left: 3 skill"));
 
     // The saved monster goes back to its own 3 HD whole.
     const QJsonObject back = Json({"advance", file, "--hd", "3"});

@@ -86,6 +86,16 @@ TEST_F(CharacterGeneratorTest, ASeedRepeatsAndMonstersKeepToTheirRange) {
     Ref<DCharacter> grown(DCharacterGenerator::GenerateMonster(ankheg.get(), 7, error));
     ASSERT_TRUE(grown) << error.toStdString();
     EXPECT_EQ(grown->GetSizeInfo()->GetSizeId(), 6);
+    // Its 3 HD bought Climb 3 and Listen 3 with 6 points; the 4 added dice bring 1 each (2 +
+    // Int 1's -5, at least 1), spent on the class skill of the best ability (Str 29): Climb 7.
+    // The added feat points are spent too.
+    EXPECT_EQ(grown->GetRemainingSkillPoints(), 0);
+    const DChosenSkill* climb =
+        grown->GetSkillPointer(hoardtest::skillGuid(QStringLiteral("Climb")), {});
+    ASSERT_NE(climb, nullptr);
+    EXPECT_EQ(climb->GetTotalRanks(), 7.0f);
+    EXPECT_EQ(grown->GetCharacterStat(kStatSpentFeatPoints),
+              grown->GetCharacterStat(kStatFeatPoints));
     EXPECT_EQ(DCharacterGenerator::GenerateMonster(ankheg.get(), 10, error), nullptr);
     EXPECT_TRUE(error.contains(QStringLiteral("3 to 9"))) << error.toStdString();
 }
