@@ -9,13 +9,21 @@
 #include "DStaffInfo.h"
 #include "DWandInfo.h"
 
+#include <cmath>
 #include <vector>
 
 namespace {
 
 using rulestest::Ref;
 
-class ItemPriceTest : public rulestest::ItemsFixture {};
+class ItemPriceTest : public rulestest::ItemsFixture {
+protected:
+    static qint64 InCopper(const DCoinData& price) {
+        DCurrency money;
+        money.SetAmount(price.GetCoinType(), price.GetCoinCount());
+        return money.GetCopperCost();
+    }
+};
 
 TEST_F(ItemPriceTest, SpellItemsFollowTheirFormula) {
     struct Case {
@@ -66,22 +74,25 @@ TEST_F(ItemPriceTest, ArmsAndArmorAtSizeMasterworkAndMagic) {
     Ref<DItemInfo> arrows = Info(kItemWeapon, QStringLiteral("Arrows (20)"));
     Ref<DItemInfo> quarterstaff = Info(kItemWeapon, QStringLiteral("Quarterstaff"));
     Ref<DItemInfo> twoBladed = Info(kItemWeapon, QStringLiteral("Sword, two-bladed"));
+    Ref<DItemInfo> bullets = Info(kItemWeapon, QStringLiteral("Bullets, sling (10)"));
     struct Case {
         DItemInfo* info;
         unsigned flags;
         int size;
-        int gold;
+        double gold;
     };
     // A Large longsword costs twice; a Small one the same; masterwork adds 300 gp, 600 for the
-    // two heads of a double weapon, and 6 gp a piece for ammunition (20 arrows: 120 gp).
-    const Case mundane[] = {{longsword.get(), 0, -1, 15}, {longsword.get(), 0, 5, 30},
-                            {longsword.get(), 0, 3, 15},  {longsword.get(), 1, -1, 315},
-                            {arrows.get(), 1, -1, 121},   {quarterstaff.get(), 1, -1, 600},
-                            {twoBladed.get(), 1, -1, 700}};
+    // two heads of a double weapon, and 6 gp a piece for ammunition (20 arrows: 120 gp; 10 sling
+    // bullets at 1 sp: 60 gp 1 sp).
+    const Case mundane[] = {{longsword.get(), 0, -1, 15},  {longsword.get(), 0, 5, 30},
+                            {longsword.get(), 0, 3, 15},   {longsword.get(), 1, -1, 315},
+                            {arrows.get(), 1, -1, 121},    {quarterstaff.get(), 1, -1, 600},
+                            {twoBladed.get(), 1, -1, 700}, {bullets.get(), 1, -1, 60.1}};
     for (const Case& c : mundane) {
         DCoinData price;
         DHandBook::ComputeItemCost(c.info, nullptr, c.flags, c.size, price);
-        EXPECT_EQ(price.GetCoinCount(), c.gold) << c.size << " " << c.flags;
+        EXPECT_EQ(InCopper(price), std::llround(c.gold * 100))
+            << c.info->GetItemName().toStdString() << " " << c.size << " " << c.flags;
     }
 
     // Rows of the weapon abilities, each a +1 bonus.
@@ -93,7 +104,7 @@ TEST_F(ItemPriceTest, ArmsAndArmorAtSizeMasterworkAndMagic) {
         int bonus;
         int second;
         std::vector<int> abilities;
-        int gold;
+        double gold;
     };
     // The weapon table: +1 2,000 gp, +2 8,000, +3 18,000; for ammunition the price of 50.
     // +1 longsword 2,315; +1 full plate 2,650; +2 chainmail 4,300; a cursed -2 longsword pays
@@ -113,6 +124,7 @@ TEST_F(ItemPriceTest, ArmsAndArmorAtSizeMasterworkAndMagic) {
         {kItemWeapon, QStringLiteral("Arrows (20)"), 1, 0, {}, 121 + 800},
         {kItemWeapon, QStringLiteral("Arrows (20)"), 1, 0, {kFlaming, kFrost}, 121 + 7200},
         {kItemWeapon, QStringLiteral("Bolts, crossbow (10)"), 2, 0, {}, 61 + 1600},
+        {kItemWeapon, QStringLiteral("Bullets, sling (10)"), 1, 0, {}, 60.1 + 400},
     };
     for (const Magic& m : magic) {
         Ref<DItemInfo> base = Info(m.itemType, m.name);
@@ -125,8 +137,7 @@ TEST_F(ItemPriceTest, ArmsAndArmorAtSizeMasterworkAndMagic) {
         custom->SetCustomFlags(m.bonus > 0 ? 1 : 0);
         DCoinData price;
         DHandBook::ComputeCustomMagicItemCost(custom.get(), -1, &price);
-        EXPECT_EQ(price.GetCoinType(), kCoinGold) << m.name.toStdString();
-        EXPECT_EQ(price.GetCoinCount(), m.gold)
+        EXPECT_EQ(InCopper(price), std::llround(m.gold * 100))
             << m.name.toStdString() << " " << m.bonus << "/" << m.second;
     }
     // A bonus beyond the price table costs nothing more.
