@@ -539,8 +539,12 @@ void DHandBook::ComputeCarryingCapcity(int strength, int size, DCarryInfo& out) 
 }
 
 int DHandBook::ComputeCharacterLoad(DCharacter* character) {
-    if (!character || character->IsNullAbility(kAbilityStrength))
+    if (!character)
         return 3;
+    // A creature without Strength (an incorporeal undead, a shrieker) can carry nothing; as long
+    // as it carries nothing it is not burdened, and keeps its speed and Dexterity.
+    if (character->IsNullAbility(kAbilityStrength))
+        return character->GetCarriedWeight() > 0.0f ? 3 : 0;
     DCarryInfo carry;
     const DSizeInfo* size = character->GetSizeInfo();
     ComputeCarryingCapcity(character->GetAbilityStat(kAbilityStrength),

@@ -18,6 +18,7 @@
 #include "DSkillPointValues.h"
 #include "DSpecialAttackSpellCaster.h"
 
+#include <algorithm>
 #include <iterator>
 
 // Every stage of the setup passes is one named step below, in the order the passes call them.
@@ -50,6 +51,33 @@ bool BindRace(DCharacter* character, DFileObject* raceFile) {
         character->SetAlignmentId(race->GetAlignmentId());
     race->Release();
     return true;
+}
+
+// A monster's race holds the ranks its stat block bought with the racial hit dice; a new
+// character of that race takes them, as far as the race's points and the rank limit reach.
+// A player race's skills carry no ranks and only racial bonuses, which UpdateWithRaceSkills
+// gives.
+void BuyRaceSkillRanks(DCharacter* character) {
+    const DRace* race = character->GetRace();
+    const QUuid raceClass = race ? race->GetClassGuid() : QUuid();
+    const DCharacterClass* payer = character->GetClassPointer(raceClass);
+    if (!payer)
+        return;
+    constexpr DSkillUsabilityType kClassSkill = 1;
+    const QUuid active = character->GetActiveClassId();
+    character->SetActiveClassId(raceClass);
+    for (const auto& skill : race->GetSkillSet()) {
+        const DChosenSkill* held =
+            character->GetSkillPointer(skill->GetSkillId(), skill->GetSubSkillId());
+        const float room = DHandBook::ComputeMaxSkillRank(character, skill->GetSkillId()) -
+                           (held ? held->GetTotalRanks() : 0.0f);
+        const float ranks =
+            std::min({skill->GetRanks(raceClass), room, float(payer->GetRemainingSkillPoints())});
+        // Held even without ranks: the stat block lists it, synergies reach it.
+        DHandBook::AddSkill(character, skill->GetSkillId(), skill->GetSubSkillId(), kClassSkill,
+                            std::max(ranks, 0.0f), false);
+    }
+    character->SetActiveClassId(active);
 }
 
 } // namespace
@@ -245,6 +273,8 @@ void DHandBook::RecomputeAfterLevels(DCharacter* character, bool isNew) {
     if (isNew)
         ComputeAndSetLanguagePoints(character);
     ComputeAndSetSkillPoints(character);
+    if (isNew)
+        BuyRaceSkillRanks(character);
     ComputeAndSetFeatPoints(character, isNew);
     ComputeAndSetInitiative(character);
     ComputeAndSetCharacterEncumberance(character);

@@ -110,7 +110,7 @@ TEST_F(HandWorkedSkillsCli, TotalsPointsAndFeatsMatchTheHandWorkedSheets) {
              {"Knowledge (Arcana)", 8, 11},    // 8 + INT 3
              {"Concentration", 8, 8},          // 8 + CON 0
              {"Knowledge (The Planes)", 5, 8}, // 5 + INT 3
-             {"Survival", 0, 3},               // WIS 1 + The Planes 2
+             {"Survival", 0, 1},               // WIS 1; The Planes helps only on other planes
              {"Listen", 2, 5},                 // 2 + WIS 1 + elf 2
              {"Spot", 0, 3},                   // WIS 1 + elf 2
              {"Search", 0, 5},                 // INT 3 + elf 2
@@ -149,7 +149,7 @@ TEST_F(HandWorkedSkillsCli, TotalsPointsAndFeatsMatchTheHandWorkedSheets) {
              {"Move Silently", 6, 11}, // 6 + DEX 3 + halfling 2
              {"Listen", 6, 8},         // 6 + WIS 0 + halfling 2
              {"Search", 6, 7},         // 6 + INT 1
-             {"Survival", 0, 2},       // WIS 0 + Search 2
+             {"Survival", 0, 0},       // WIS 0; Search helps only in tracking
              {"Disable Device", 6, 5}, // 6 + INT 1 - 2 without thieves' tools
              {"Open Lock", 6, 7},      // 6 + DEX 3 - 2 without thieves' tools
              {"Bluff", 6, 8},          // 6 + CHA 2
@@ -195,15 +195,24 @@ TEST_F(HandWorkedSkillsCli, TotalsPointsAndFeatsMatchTheHandWorkedSheets) {
     }
 }
 
-// A creature's own skill points: (type points + INT modifier, at least 1) x (HD + 3).
-TEST_F(HandWorkedSkillsCli, MonstersGetTheirTypesSkillPoints) {
+// A creature's own skill points: (type points + INT modifier, at least 1) x (HD + 3). A new
+// character of a monster race buys the ranks its stat block shows with them; a skill the block
+// leaves to a choice ("Knowledge (any one)") leaves its points open.
+TEST_F(HandWorkedSkillsCli, MonstersSpendTheirTypesSkillPointsAsPublished) {
     const struct {
         const char* race;
         int points;
+        int left;
     } cases[] = {
-        {"Aboleth", 44}, // aberration 2 + INT 15 (+2), 8 HD: 4 x 11
-        {"Ogre", 7},     // giant 2 + INT 6 (-2) = 0, at least 1; 4 HD: 1 x 7
-        {"Balor", 345},  // outsider 8 + INT 24 (+7), 20 HD: 15 x 23
+        // Aberration 2 + INT 15 (+2), 8 HD: 4 x 11 = 44. Concentration, Listen and Spot +16 are
+        // 11 ranks each (CON +5, WIS +3 and Alertness 2); Knowledge (any one) keeps its 11.
+        {"Aboleth", 44, 11},
+        // Giant 2 + INT 6 (-2) = 0, at least 1; 4 HD: 1 x 7. Listen and Spot +2 on WIS 10 are
+        // 2 ranks each; Climb +5 is STR 21 alone.
+        {"Ogre", 7, 3},
+        // Magical beast 2 + INT 2 (-4), at least 1; 5 HD: 1 x 8. Listen and Spot +8 on WIS 12
+        // and Alertness would need 5 ranks each: the 8 points give 4 each, and +1 is racial.
+        {"Owlbear", 8, 0},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.race);
@@ -213,8 +222,13 @@ TEST_F(HandWorkedSkillsCli, MonstersGetTheirTypesSkillPoints) {
             Hoard({"character", "new", "--name", c.race, "--race", c.race, "-o", path});
         ASSERT_EQ(made.status, 0) << made.err.toStdString();
         const CliResult text = Hoard({"character", "show", path});
-        EXPECT_TRUE(text.out.contains(QStringLiteral("Points left: %1 skill").arg(c.points)))
+        EXPECT_TRUE(text.out.contains(QStringLiteral("Points left: %1 skill").arg(c.left)))
             << text.out.toStdString();
+        const QJsonObject shown = clitest::jsonObject(Hoard({"character", "show", path, "--json"}));
+        double ranks = 0.0;
+        for (const QJsonValue& skill : shown["skills"].toArray())
+            ranks += skill.toObject()["ranks"].toDouble();
+        EXPECT_EQ(ranks, c.points - c.left);
     }
 }
 

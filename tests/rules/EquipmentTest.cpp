@@ -120,6 +120,18 @@ TEST_F(EquipmentTest, CarryingCapacityAndLoad) {
     DHandBook::ComputeAndSetCharacterEncumberance(character.get());
     EXPECT_EQ(DHandBook::ComputeCharacterLoad(character.get()), 0);
     EXPECT_EQ(LandSpeed(*character), 30);
+
+    // A creature without Strength (an incorporeal undead) carrying nothing is not burdened: it
+    // keeps its speed and Dexterity. Whatever it carries overloads it.
+    Ref<DCharacter> shade = Make({QStringLiteral("Fighter")});
+    shade->GetRace()->SetNoAbility(kAbilityStrength, true);
+    DHandBook::ComputeAndSetCharacterEncumberance(shade.get());
+    EXPECT_EQ(DHandBook::ComputeCharacterLoad(shade.get()), 0);
+    EXPECT_EQ(shade->GetCharacterStat(kStatMaxDexterityBonus), 100);
+    EXPECT_EQ(LandSpeed(*shade), 30);
+    Give(*shade, kItemWeapon, QStringLiteral("Dagger"));
+    DHandBook::ComputeAndSetCharacterEncumberance(shade.get());
+    EXPECT_EQ(DHandBook::ComputeCharacterLoad(shade.get()), 3);
 }
 
 TEST_F(EquipmentTest, ArmorSlowsByTheNearestFiveFeet) {

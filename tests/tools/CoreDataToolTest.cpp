@@ -77,6 +77,7 @@ const char* const kGoodSource = "# a hill-giant-like test creature\n"
                                 "save_bonus: Fort +1, Will -2\n"
                                 "skills: Listen +2, craft  (alchemy) +4\n"
                                 "skills: Move Silently +1\n"
+                                "skill_ranks: Listen 5, Spot 0\n"
                                 "familiar_bonus: Move Silently +3, Ref +2, hit points +3, Cha +1\n"
                                 "feats: Alertness, Skill Focus (Craft (Alchemy))\n"
                                 "feats: \"Weapon Focus (Longbow, composite)\", "
@@ -138,15 +139,19 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
         QUuid skill;
         QUuid subSkill;
         int bonus;
-    } skills[] = {{guidOf("[info Skill]", "Listen"), {}, 2},
-                  {craft, alchemy, 4},
-                  {guidOf("[info Skill]", "Move Silently"), {}, 1}};
-    EXPECT_EQ(giant->GetSkillSet().GetCount(), 3);
+        float ranks;
+    } skills[] = {{guidOf("[info Skill]", "Listen"), {}, 2, 5.0f},
+                  {craft, alchemy, 4, 0.0f},
+                  {guidOf("[info Skill]", "Move Silently"), {}, 1, 0.0f},
+                  {guidOf("[info Skill]", "Spot"), {}, 0, 0.0f}};
+    // Ranks stand in the giant's class: the hit dice that buy them.
+    EXPECT_EQ(giant->GetSkillSet().GetCount(), 4);
     for (const auto& expected : skills) {
         const DChosenSkill* skill = giant->GetSkillPointer(expected.skill, expected.subSkill);
         ASSERT_NE(skill, nullptr) << expected.bonus;
         EXPECT_EQ(skill->GetRaceMod(), expected.bonus);
-        EXPECT_EQ(skill->GetTotalRanks(), 0.0f);
+        EXPECT_EQ(skill->GetTotalRanks(), expected.ranks);
+        EXPECT_EQ(skill->GetRanks(giant->GetClassGuid()), expected.ranks);
     }
     EXPECT_EQ(giant->GetSkillPointer(craft, QUuid()), nullptr);
 
@@ -230,6 +235,12 @@ TEST(CoreDataTool, FaultsNameFileAndLine) {
         {"skill bonus zero", "skills: Spot +0\n", 1, "must be above 0, not 0"},
         {"skill bonus negative", "skills: Spot -2\n", 1, "must be above 0, not -2"},
         {"skill on two lines", "skills: Spot +2\n# more\nskills: Search +1, spot +1\n", 3,
+         "skill 'Spot' given twice"},
+        {"skill ranks before the type", "skill_ranks: Spot 2\n", 1,
+         "give 'type' before 'skill_ranks'"},
+        {"skill ranks negative", "type: Giant\nskill_ranks: Spot -2\n", 2,
+         "expected a skill and its ranks"},
+        {"skill ranks twice", "type: Giant\nskill_ranks: Spot 2, spot 1\n", 2,
          "skill 'Spot' given twice"},
         {"familiar bonus without a number", "familiar_bonus: Listen\n", 1,
          "expected what the master gains and a bonus"},

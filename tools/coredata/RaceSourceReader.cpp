@@ -13,6 +13,7 @@
 #include "DRaceAdvance.h"
 #include "DSpecialAttack.h"
 #include "DTargetData.h"
+#include "FCReleaser.h"
 #include "NameIndex.h"
 
 #include <QFile>
@@ -28,6 +29,10 @@ const QStringList kGenderNames = {"male", "female"};
 
 // Keys that may appear more than once: each line adds one entry.
 const QSet<QString> kRepeatable = {"feature", "skills", "feats"};
+
+// Ranks of a race's skill stand in its hit dice's class, where every listed skill is a class
+// skill.
+constexpr DSkillUsabilityType kRacialSkillUsability = 1;
 
 // Rows of "[types Feat Target]" a source can name.
 constexpr int kFeatTargetNone = 0;
@@ -107,6 +112,7 @@ QStringList RaceSourceReader::Keys() {
             "flags",
             "familiar_bonus",
             "skills",
+            "skill_ranks",
             "feats"};
 }
 
@@ -114,6 +120,7 @@ void RaceSourceReader::Read(const QString& path, DRace& race) {
     mFile = path;
     mLine = 0;
     mMaxHitDice = -1.0f;
+    mTypeRead = false;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         throw CoreDataError(path, 0, QStringLiteral("cannot open the file"));
@@ -249,9 +256,10 @@ QHash<int, QString> RaceSourceReader::AbilityPairs(const QString& value) const {
 void RaceSourceReader::Apply(const QString& key, const QString& value, DRace& race) {
     if (key == "size")
         race.SetSizeId(Id("[info Size]", value));
-    else if (key == "type")
+    else if (key == "type") {
         race.SetClassGuid(GuidOf("[info Class]", value));
-    else if (key == "subtypes") {
+        mTypeRead = true;
+    } else if (key == "subtypes") {
         for (const QString& name : List(value))
             race.AddSubType(Id("[info Race Subtypes]", name));
     } else if (key == "category")
@@ -351,6 +359,8 @@ void RaceSourceReader::Apply(const QString& key, const QString& value, DRace& ra
         SetFamiliarBonuses(value, race);
     else if (key == "skills")
         SetSkills(value, race);
+    else if (key == "skill_ranks")
+        SetSkillRanks(value, race);
     else if (key == "feats")
         SetFeats(value, race);
 }
@@ -475,6 +485,26 @@ void RaceSourceReader::SetFlags(const QString& value, DRace& race) {
     }
 }
 
+const NameIndex::Skill& RaceSourceReader::SkillNamed(const QString& name) const {
+    const NameIndex::Skill* skill = mNames.FindSkill(name);
+    if (!skill)
+        Fail(QStringLiteral("'%1' names no row of [info Skill] or [info Skill Sub]").arg(name));
+    if (skill->hasSubSkills)
+        Fail(QStringLiteral("%1 has sub-skills: name one, such as '%1 (...)'").arg(skill->name));
+    return *skill;
+}
+
+// The race's record of the skill, made on first use: `skills` and `skill_ranks` may both
+// name it.
+DChosenSkill& RaceSourceReader::RaceSkill(const NameIndex::Skill& skill, DRace& race) {
+    if (DChosenSkill* held = race.GetSkillPointer(skill.skill, skill.subSkill))
+        return *held;
+    FCRef<DChosenSkill> chosen(new DChosenSkill(skill.skill, skill.subSkill));
+    chosen->AddSkillFlag(DChosenSkill::kSkillFixed);
+    race.AddSkill(chosen.get());
+    return *chosen;
+}
+
 void RaceSourceReader::SetSkills(const QString& value, DRace& race) {
     static const QRegularExpression form(QStringLiteral("^(.+?)\\s+([+-]?\\d+)$"));
     for (const QString& item : List(value)) {
@@ -482,26 +512,35 @@ void RaceSourceReader::SetSkills(const QString& value, DRace& race) {
         if (!match.hasMatch())
             Fail(QStringLiteral("expected a skill and a bonus such as 'Listen +2', got '%1'")
                      .arg(item));
-        const NameIndex::Skill* skill = mNames.FindSkill(match.captured(1));
-        if (!skill)
-            Fail(QStringLiteral("'%1' names no row of [info Skill] or [info Skill Sub]")
-                     .arg(match.captured(1)));
-        if (skill->hasSubSkills)
-            Fail(
-                QStringLiteral("%1 has sub-skills: name one, such as '%1 (...)'").arg(skill->name));
+        const NameIndex::Skill& skill = SkillNamed(match.captured(1));
         const int bonus = Integer(match.captured(2));
         // A character takes over only racial bonuses above 0.
         if (bonus <= 0)
             Fail(QStringLiteral("the racial bonus of %1 must be above 0, not %2")
-                     .arg(skill->name)
+                     .arg(skill.name)
                      .arg(bonus));
-        if (race.GetSkillPointer(skill->skill, skill->subSkill))
-            Fail(QStringLiteral("skill '%1' given twice").arg(skill->name));
-        auto* chosen = new DChosenSkill(skill->skill, skill->subSkill);
-        chosen->SetRaceMod(bonus);
-        chosen->AddSkillFlag(DChosenSkill::kSkillFixed);
-        race.AddSkill(chosen);
-        chosen->Release();
+        DChosenSkill& chosen = RaceSkill(skill, race);
+        if (chosen.GetRaceMod() != 0)
+            Fail(QStringLiteral("skill '%1' given twice").arg(skill.name));
+        chosen.SetRaceMod(bonus);
+    }
+}
+
+void RaceSourceReader::SetSkillRanks(const QString& value, DRace& race) {
+    static const QRegularExpression form(QStringLiteral("^(.+?)\\s+(\\d+)$"));
+    const QUuid raceClass = race.GetClassGuid();
+    if (!mTypeRead)
+        Fail(QStringLiteral("give 'type' before 'skill_ranks': the ranks belong to its hit dice"));
+    for (const QString& item : List(value)) {
+        const QRegularExpressionMatch match = form.match(item);
+        if (!match.hasMatch())
+            Fail(QStringLiteral("expected a skill and its ranks such as 'Listen 4', got '%1'")
+                     .arg(item));
+        const NameIndex::Skill& skill = SkillNamed(match.captured(1));
+        DChosenSkill& chosen = RaceSkill(skill, race);
+        if (chosen.GetSkillRankInfo(raceClass))
+            Fail(QStringLiteral("skill '%1' given twice").arg(skill.name));
+        chosen.SetRanks(raceClass, kRacialSkillUsability, float(Integer(match.captured(2))));
     }
 }
 

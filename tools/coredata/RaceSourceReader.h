@@ -1,13 +1,15 @@
 #pragma once
 
+#include "NameIndex.h"
+
 #include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QUuid>
 
 class DChosenFeat;
+class DChosenSkill;
 class DRace;
-class NameIndex;
 
 // Reads one race source ("key: value" lines) into a race record, resolving every name
 // through the rules database. Throws CoreDataError, naming file and line, on the first fault.
@@ -44,6 +46,9 @@ private:
     void SetFamiliarBonuses(const QString& value, DRace& race);
     // "Listen +2, Craft (Alchemy) +2": racial skill bonuses.
     void SetSkills(const QString& value, DRace& race);
+    void SetSkillRanks(const QString& value, DRace& race);
+    const NameIndex::Skill& SkillNamed(const QString& name) const;
+    static DChosenSkill& RaceSkill(const NameIndex::Skill& skill, DRace& race);
     // "Alertness, Weapon Focus (Longsword)": racial feats, with a weapon, skill or school
     // as target in parentheses.
     void SetFeats(const QString& value, DRace& race);
@@ -53,4 +58,5 @@ private:
     QString mFile;
     int mLine = 0;
     float mMaxHitDice = -1.0f;
+    bool mTypeRead = false;
 };

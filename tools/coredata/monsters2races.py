@@ -89,18 +89,72 @@ RACIAL_SAVES = {
               "unearthly grace: Charisma modifier on every save"),
     "Derro": ({"Will": 6}, "madness: Charisma (+3) takes the place of Wisdom (-3) on Will saves"),
     "Nightcrawler": NIGHTSHADE, "Nightwalker": NIGHTSHADE, "Nightwing": NIGHTSHADE,
+    "Svirfneblin": ({"Fort": 2, "Ref": 2, "Will": 2}, "+2 racial bonus on all saves"),
 }
-# The open rules give the humanoids that have no racial hit dice of their own as a
+# The open rules give the races that have no racial hit dice of their own as a
 # "1st-Level Warrior"; their scores are the warrior's 13, 11, 12, 10, 9, 8 with the racial
 # adjustments applied, so the race can be taken back out of the stat block.
+# A creature with a swim or climb speed has +8 racial bonus on Swim or Climb checks.
+SPEED_SKILLS = {"swim": "Swim", "climb": "Climb"}
+SPEED_SKILL_BONUS = 8
+# Sub-skills as the stat blocks spell them where the skill table spells them otherwise.
+SUB_SKILL_ALIASES = {"planes": "The Planes", "stringed instruments": "String Instruments"}
+
 WARRIOR = re.compile(r"^(.*), 1st-Level Warrior$")
 WARRIOR_SCORES = {"Str": 13, "Dex": 11, "Con": 12, "Int": 10, "Wis": 9, "Cha": 8}
-# What a warrior's block holds that is not the race's: its class dice, its chosen feats and the
-# published line of the warrior.
-WARRIOR_DROPS = ("# published:", "hit_dice:", "skill_points:", "good_saves:", "save_bonus:",
-                 "feats:", "feature: Feat:", "advancement:")
-SKIP = re.compile(r"\d+(st|nd|rd|th)-Level|Human Form|Hybrid|Wolf Form|Bear Form|Boar Form|"
-                  r"Tiger Form|Rat Form|Giant Form", re.I)
+# What a warrior's block holds that is not the race's: its class dice and its chosen feats. Its
+# published line and racial save bonus stay: a race of no hit dice is shown as that warrior.
+# Nor are its skill totals, which hold the warrior's ranks.
+WARRIOR_DROPS = ("hit_dice:", "skill_points:", "good_saves:", "feats:", "skills:",
+                 "skill_ranks:", "# published skills:", "feature: Feat:", "advancement:")
+# An astral construct's level is the power's level, not a class level: its hit dice are its own.
+SKIP = re.compile(r"\d+(st|nd|rd|th)-Level(?! Astral Construct)|Human Form|Hybrid|Wolf Form|"
+                  r"Bear Form|Boar Form|Tiger Form|Rat Form|Giant Form", re.I)
+SCORE = re.compile(r"(Str|Dex|Con|Int|Wis|Cha)[\s_]*([-\u2014\u2013]|\d+)")
+# The open rules' skeleton: Strength as the base creature, Dexterity +2, no Constitution or
+# Intelligence, Wisdom 10, Charisma 1. A skeleton block that leaves its scores out has them
+# worked from its base creature's block.
+SKELETON = re.compile(r"^(.+) Skeleton$")
+# The human warrior skeleton stands on a human 1st-level warrior, which has no block of its
+# own; a human has no adjustments, so the warrior's scores are the human's.
+SKELETON_BASES = {"Human Warrior": WARRIOR_SCORES}
+# A block whose scores are cut off takes the missing ones from the blocks of the same creature
+# at other sizes, where they all agree: the xorns share Int 10, Wis 11 and Cha 10, and the
+# average xorn's Will (+5, good 5 + Wis 0) and skill totals (+10 on 10 ranks, 8 skills on
+# (8 + Int 0) x 10 points) show modifiers of 0 for all three.
+KIN = {"Average Xorn": ("Minor Xorn", "Elder Xorn")}
+
+
+def complete(row, blocks):
+    """The row with what its block leaves out worked from other blocks of the file (`blocks`,
+    by name): a skeleton's scores from its base creature, cut-off scores from the creature's
+    kin, a bare "traits" as its type's traits; "lowlight" spelt as the quality table has it.
+    Whatever cannot be worked out stays as the block gives it."""
+    fixed = dict(row)
+    name = row["name"].strip()
+    have = dict(SCORE.findall(row["Abilities"]))
+    skeleton = SKELETON.match(name)
+    if not have and skeleton:
+        base = SKELETON_BASES.get(skeleton.group(1))
+        if base is None and skeleton.group(1) in blocks:
+            base = dict(SCORE.findall(blocks[skeleton.group(1)]["Abilities"]))
+        if base and str(base.get("Dex", "")).isdigit() and "Str" in base:
+            fixed["Abilities"] = "Str %s, Dex %d, Con -, Int -, Wis 10, Cha 1" % (
+                base["Str"], int(base["Dex"]) + 2)
+    elif len(have) < 6 and name in KIN:
+        kin = [dict(SCORE.findall(blocks[k]["Abilities"])) for k in KIN[name] if k in blocks]
+        missing = [a for a in ABILITIES if a not in have]
+        if len(kin) == len(KIN[name]) and all(
+                k.get(a) is not None and k.get(a) == kin[0].get(a) for k in kin for a in missing):
+            have.update({a: kin[0][a] for a in missing})
+            fixed["Abilities"] = ", ".join("%s %s" % (a, have[a]) for a in ABILITIES)
+    qualities = re.sub(r"\blowlight\b", "low-light", row["Special Qualities"])
+    # "traits" alone (the 2nd-level astral construct's line is cut): its type's traits.
+    ctype = next((t for t in TYPES if re.search(r"\b%s\b" % t, row["size_type"])), None)
+    if ctype:
+        qualities = re.sub(r"(^|,\s*)traits\b", r"\g<1>%s traits" % ctype, qualities)
+    fixed["Special Qualities"] = qualities
+    return fixed
 
 
 def read_rows(rows_dir, table):
@@ -198,6 +252,23 @@ class Converter:
             name = "%s (%s)" % (r["Guid"], r["Name"])
             self.skills[name.lower()] = name
         self.schools = {n.lower(): n for n in read_names(rows_dir, "info Spell Schools")}
+        skill_rows = read_rows(rows_dir, "info Skill")
+        self.skill_ability = {r["Name"]: int(r["StatId"]) for r in skill_rows}
+        self.multi_skills = {r["Name"] for r in skill_rows if r["IsMulti"] == "1"}
+        self.feat_skill_bonus = collections.defaultdict(list)
+        for r in read_rows(rows_dir, "info Feat Bonuses"):
+            if r["Type"] == "6" and r["SkillId"]:
+                self.feat_skill_bonus[r["Id"]].append((r["SkillId"], int(r["Data"])))
+        self.skill_focus = next(int(r["Data"]) for r in read_rows(rows_dir, "info Feat Bonuses")
+                                if r["Id"] == "Skill Focus" and r["Type"] == "6")
+        self.synergies = [(self.sub_skill_name(r["SourceSkill"], r["SourceSubSkill"]),
+                           int(r["ReqRanks"]),
+                           self.sub_skill_name(r["TargetSkill"], r["TargetSubSkill"]),
+                           int(r["Bonus"]))
+                          for r in read_rows(rows_dir, "info Skill Bonuses Synergy")]
+        self.size_skill_bonus = collections.defaultdict(dict)
+        for r in read_rows(rows_dir, "info Skill Bonuses Size"):
+            self.size_skill_bonus[r["SizeId"]][r["SkillId"]] = int(r["Bonus"])
         self.type_good_saves = {
             r["Name"]: [save for save, column in zip(SAVES, ("HIFORT", "HIREF", "HIWILL"))
                         if r[column] == "1"]
@@ -205,6 +276,8 @@ class Converter:
         self.gaps = collections.Counter()
         # Creatures whose published saves the converter cannot reach, with the gap.
         self.save_misses = []
+        # Published skill totals below what the rest of the creature already gives.
+        self.skill_misses = []
 
     def gap(self, what):
         self.gaps[what] += 1
@@ -232,7 +305,7 @@ class Converter:
 
         size_type = row["size_type"].replace("Medium-Size", "Medium").replace("Medium-size",
                                                                                 "Medium")
-        m = re.match(r"^\s*(\w+)\s+([A-Za-z ]+?)\s*(?:\(([^)]*)\))?\s*$", size_type)
+        m = re.match(r"^\s*(\w+)\s+([A-Za-z ]+?)\s*((?:\([^)]*\)\s*)*)$", size_type)
         if not m or m.group(1) not in SIZES:
             return None, "size/type '%s'" % row["size_type"]
         size = m.group(1)
@@ -242,7 +315,9 @@ class Converter:
             return None, "type '%s'" % m.group(2)
         out.append("type: " + ctype)
         subs = []
-        for s in (m.group(3) or "").split(","):
+        # "(Evil) (Chaotic or Lawful)": a choice is no subtype; the alignment line picks.
+        groups = [g for g in re.findall(r"\(([^)]*)\)", m.group(3)) if " or " not in g]
+        for s in ",".join(groups).split(","):
             s = s.strip()
             if not s:
                 continue
@@ -340,6 +415,19 @@ class Converter:
             speeds = ["land 0"]
         out.append("speed: " + ", ".join(speeds))
 
+        totals = self.published_skills(row)
+        if totals:
+            ranks, racial, unreachable = self.skill_split(
+                totals, size, number(hd.group(1)), ab, taken, seen, points)
+            for skill in unreachable:
+                self.skill_misses.append((name, "%s %+d" % (skill, totals[skill])))
+            out.insert(2, "# published skills: " + ", ".join(
+                "%s %+d" % (k, v) for k, v in totals.items()))
+            out.append("skill_ranks: " + ", ".join("%s %d" % (k, v) for k, v in ranks.items()))
+            bonus = ["%s %+d" % (k, v) for k, v in racial.items() if v > 0]
+            if bonus:
+                out.append("skills: " + ", ".join(bonus))
+
         sr = re.match(r"^\s*(\d+(?:[-\s]\d+/\d+|/\d+)?)\s*ft\.?\s*/\s*(\d+(?:[-\s]\d+/\d+|/\d+)?)",
                       row["Space/Reach"])
         if sr:
@@ -404,12 +492,11 @@ class Converter:
 
     def convert_warrior(self, row, race):
         """The race of a "1st-Level Warrior" block: no hit dice of its own, like the player
-        races, and its scores as adjustments; None for one that is not a humanoid."""
+        races, and its scores as adjustments. A race of another type (an aasimar, an elan)
+        keeps its type: with no hit dice the type adds nothing but its traits."""
         lines, why = self.convert(row)
         if lines is None:
             return None, why
-        if "type: Humanoid" not in lines:
-            return None, "a warrior block of a race that is not a humanoid"
         out = []
         for line in lines:
             if line.startswith(WARRIOR_DROPS):
@@ -512,7 +599,7 @@ class Converter:
         neither, the creature keeps the `usual` good saves of its kind."""
         level = int(hit_dice)
         good, bonus, misses = [], {}, []
-        racial = RACIAL_SAVES.get(name, ({}, ""))[0]
+        racial = RACIAL_SAVES.get(WARRIOR.sub(r"\1", name), ({}, ""))[0]
         for save in SAVES:
             score = ab[SAVE_ABILITY[save]]
             base = (int(score) - 10) // 2 if score.isdigit() else 0
@@ -553,6 +640,98 @@ class Converter:
             return 0
         per_die = max(1, self.type_skill_points[ctype] + (int(intelligence) - 10) // 2)
         return per_die * (max(1, int(hit_dice)) + 3)
+
+    def sub_skill_name(self, skill, sub):
+        """'Knowledge', 'Knowledge/Arcana' (a synergy row) -> 'Knowledge (Arcana)'."""
+        if not sub:
+            return skill
+        sub = sub.split("/")[-1]
+        name = "%s (%s)" % (skill, sub)
+        return self.skills.get(name.lower(), name)
+
+    def skill_names(self, text):
+        """The skills a stat block's name stands for: 'Knowledge (arcana, the planes)' is two;
+        a choice ('Knowledge (any one)', 'Craft or Knowledge') is none."""
+        m = re.match(r"^([A-Za-z ]+?)\s*(?:\((.*)\))?$", text.strip())
+        if not m or m.group(1).lower() not in self.skills:
+            return []
+        skill = self.skills[m.group(1).lower()]
+        if skill not in self.multi_skills:
+            return [] if m.group(2) else [skill]
+        names = []
+        for sub in (m.group(2) or "").split(","):
+            sub = sub.strip().lower()
+            sub = SUB_SKILL_ALIASES.get(sub, sub)
+            found = self.skills.get(("%s (%s)" % (skill, sub)).lower())
+            if not found:
+                return []
+            names.append(found)
+        return names
+
+    def published_skills(self, row):
+        """The skill totals of the Skills column that name skills of the table, in order."""
+        totals = collections.OrderedDict()
+        for item in split_top(row["Skills"].replace("\u2212", "-"), ","):
+            m = re.match(r"^(.+?)\s*([+-]\d+)", item)
+            names = self.skill_names(m.group(1)) if m else []
+            if not names:
+                if item.strip() not in ("", "-", "\u2014"):
+                    self.gap("skill that names a choice or no skill of the table (left out)")
+                continue
+            for name in names:
+                totals.setdefault(name, int(m.group(2)))
+        return totals
+
+    def skill_split(self, totals, size, hit_dice, ab, feats, speed_kinds, points):
+        """Ranks and racial bonuses that give the published skill totals, as the engine adds
+        them up: the key ability's modifier, the size's Hide modifier, the feats' bonuses and a
+        +2 synergy from 5 ranks. A swim or climb speed gives +8 on Swim or Climb. Of the rest,
+        ranks go up to HD + 3 per skill and as far as the creature's skill points reach,
+        taken off the highest first; what is left is racial. A creature of one hit die or
+        less earns no points on its racial die in the engine (a class level takes it over),
+        so all of its rest is racial. Returns (ranks, racial, unreachable)."""
+        feat_bonus = collections.Counter()
+        for entry, times in feats.items():
+            entry = entry.strip('"')
+            focus = re.match(r"^Skill Focus \((.+)\)$", entry)
+            if focus:
+                feat_bonus[focus.group(1)] += self.skill_focus * times
+            for skill, amount in self.feat_skill_bonus.get(entry, []):
+                feat_bonus[skill] += amount * times
+        fixed, speed_bonus = {}, {}
+        for name in totals:
+            base = name.split(" (")[0]
+            ability = self.skill_ability.get(base, -1)
+            mod = 0
+            if 0 <= ability < len(ABILITIES):
+                # A nonability counts as no modifier, as a missing Constitution does by the
+                # rules and as the engine reads one.
+                score = ab[ABILITIES[ability]]
+                mod = int(score) // 2 - 5 if score.isdigit() else 0
+            fixed[name] = mod + self.size_skill_bonus.get(size, {}).get(base, 0) + \
+                feat_bonus[name]
+            speed_bonus[name] = next((SPEED_SKILL_BONUS for kind, skill in SPEED_SKILLS.items()
+                                      if skill == name and kind in speed_kinds), 0)
+        cap = max(1, int(hit_dice)) + 3
+        budget = points if hit_dice > 1 else 0
+        ranks = {name: 0 for name in totals}
+        for _ in range(6):
+            synergy = collections.Counter()
+            for source, required, target, bonus in self.synergies:
+                if ranks.get(source, 0) >= required:
+                    synergy[target] = bonus
+            rest = {name: totals[name] - fixed[name] - synergy[name] - speed_bonus[name]
+                    for name in totals}
+            wanted = {name: max(0, min(cap, rest[name])) for name in totals}
+            while sum(wanted.values()) > budget:
+                top = max(wanted, key=lambda n: (wanted[n], n))
+                wanted[top] -= 1
+            if wanted == ranks:
+                break
+            ranks = wanted
+        racial = {name: rest[name] - ranks[name] + speed_bonus[name] for name in totals}
+        unreachable = [name for name in totals if racial[name] < 0]
+        return ranks, racial, unreachable
 
     def alignment(self, text):
         t = text.strip().lower()
@@ -630,29 +809,34 @@ def main():
             hand_written.add(f[:-5].lower())
     written, skipped = [], []
     with open(source, encoding="utf-8", newline="") as f:
-        for row in csv.DictReader(f):
-            name = file_name(row["name"])
-            warrior = WARRIOR.match(name)
-            if warrior:
-                name = warrior.group(1)
-            if SKIP.search(name):
-                skipped.append((name, "class levels or a template form"))
-                continue
-            if name.lower() in hand_written or name.lower() in (w.lower() for w in written):
-                skipped.append((name, "name already taken"))
-                continue
-            lines, why = conv.convert_warrior(row, name) if warrior else conv.convert(row)
-            if lines is None:
-                skipped.append((name, why))
-                continue
-            with open(os.path.join(out_dir, name + ".race"), "w", encoding="utf-8") as fh:
-                fh.write("\n".join(lines) + "\n")
-            written.append(name)
+        rows = list(csv.DictReader(f))
+    blocks = {row["name"].strip(): row for row in rows}
+    for row in (complete(r, blocks) for r in rows):
+        name = file_name(row["name"])
+        warrior = WARRIOR.match(name)
+        if warrior:
+            name = warrior.group(1)
+        if SKIP.search(name):
+            skipped.append((name, "class levels or a template form"))
+            continue
+        if name.lower() in hand_written or name.lower() in (w.lower() for w in written):
+            skipped.append((name, "name already taken"))
+            continue
+        lines, why = conv.convert_warrior(row, name) if warrior else conv.convert(row)
+        if lines is None:
+            skipped.append((name, why))
+            continue
+        with open(os.path.join(out_dir, name + ".race"), "w", encoding="utf-8") as fh:
+            fh.write("\n".join(lines) + "\n")
+        written.append(name)
     print("wrote %d races, skipped %d" % (len(written), len(skipped)))
     for name, why in skipped:
         print("  skipped %s: %s" % (name, why))
     print("published saves not reached (%d):" % len(conv.save_misses))
     for name, what in conv.save_misses:
+        print("  %s: %s" % (name, what))
+    print("published skill totals not reached (%d):" % len(conv.skill_misses))
+    for name, what in conv.skill_misses:
         print("  %s: %s" % (name, what))
     print("defaults taken:")
     for what, count in sorted(conv.gaps.items()):
