@@ -21,6 +21,7 @@
 #include "DRulesQuery.h"
 #include "DSizeInfo.h"
 #include "DWeaponInfo.h"
+#include "DWielding.h"
 #include "FCReleaser.h"
 #include "ItemCatalogue.h"
 #include "ResultSet.h"
@@ -113,14 +114,6 @@ DChosenItem* findOwnedItem(DCharacter& character, const QString& text, bool pref
     return best;
 }
 
-bool isWielded(const DCharacter& character, int itemId) {
-    for (const DOffenseGroup* group : character.GetOffenseGroupArray()) {
-        if (group->HasOffenseItem(itemId, DOffenseItem::kOffenseWeapon))
-            return true;
-    }
-    return false;
-}
-
 // Hands taken by the weapons of the first group and by shields.
 int handsInUse(const DCharacter& character) {
     int hands = 0;
@@ -162,7 +155,7 @@ QString wieldWeapon(DCharacter& character, DChosenItem* item, bool twoHands) {
 // Equips `item`, or says why it cannot be.
 QString equip(DCharacter& character, DChosenItem* item, bool twoHands) {
     if (item->GetItemLocation() != DChosenItem::kLocationNone ||
-        isWielded(character, item->GetItemId()))
+        DWielding::IsWielded(character, item->GetItemId()))
         return QStringLiteral("%1 is already equipped").arg(itemName(*item));
     switch (item->GetBaseItemType()) {
     case kItemWeapon:
@@ -477,7 +470,7 @@ int CharacterItems::RunEquip(CliContext& context, QStringList args) {
 int CharacterItems::RunUnequip(CliContext& context, QStringList args) {
     return ChangeOwnedItem(context, args, true, [](DCharacter& character, DChosenItem* item) {
         if (item->GetItemLocation() == DChosenItem::kLocationNone &&
-            !isWielded(character, item->GetItemId()))
+            !DWielding::IsWielded(character, item->GetItemId()))
             return QStringLiteral("%1 is not equipped").arg(itemName(*item));
         unequip(character, item);
         return QString();
@@ -503,8 +496,8 @@ void CharacterItems::Describe(const DCharacter& constCharacter, QJsonObject& des
         if (isBuiltIn(*item))
             continue;
         const DItemInfo* base = item->GetBaseItemInfo();
-        const bool equipped =
-            item->GetItemLocation() != DChosenItem::kLocationNone || isWielded(character, id);
+        const bool equipped = item->GetItemLocation() != DChosenItem::kLocationNone ||
+                              DWielding::IsWielded(character, id);
         equipment.append(QJsonObject{
             {"id", id},
             {"name", itemName(*item)},

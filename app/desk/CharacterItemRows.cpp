@@ -5,7 +5,7 @@
 #include "DCharacter.h"
 #include "DChosenItem.h"
 #include "DHandBook.h"
-#include "DOffenseGroup.h"
+#include "DWielding.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -22,21 +22,14 @@ QString row(const QString& caption, const QString& value) {
     return QStringLiteral("<tr><td><b>%1</b></td><td>%2</td></tr>").arg(caption, value);
 }
 
-bool isWielded(const DCharacter& character, int itemId) {
-    for (const DOffenseGroup* group : character.GetOffenseGroupArray()) {
-        if (group->HasOffenseItem(itemId, DOffenseItem::kOffenseWeapon))
-            return true;
-    }
-    return false;
-}
-
 QString equipmentText(const DCharacter& character) {
     QStringList worn, carried;
     for (const auto& [id, item] : character.GetItemMap()) {
         if (item->HasItemFlag(DItem::kItemFlagUnarmed))
             continue;
         const QString name = item->GetItemPrintDescription(true).toHtmlEscaped();
-        if (item->GetItemLocation() != DChosenItem::kLocationNone || isWielded(character, id))
+        if (item->GetItemLocation() != DChosenItem::kLocationNone ||
+            DWielding::IsWielded(character, id))
             worn << QStringLiteral("<b>%1</b>").arg(name);
         else
             carried << name;

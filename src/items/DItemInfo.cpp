@@ -59,7 +59,10 @@ int DItemInfo::ComputeMasterWorkCost(int cost) const {
         FCDynamicCast<DSpecialCostInfo>(DDatabase::GetMasterworkCostInfo(mMasterWorkType));
     if (!entry)
         return cost;
-    const int amount = AdjustMasterWorkCost(entry->GetCost());
+    int amount = AdjustMasterWorkCost(entry->GetCost());
+    // In the item's coin: masterwork sling bullets add gold to a price in silver.
+    for (int type = entry->GetCostCoinType(); type > mCostCoinType; --type)
+        amount *= 10;
     return entry->GetOverrideCost() ? amount : cost + amount;
 }
 

@@ -11,6 +11,10 @@ bool isHead(int head) {
 }
 } // namespace
 
+int DWeaponInfo::AdjustMasterWorkCost(int cost) const {
+    return (mUseType == kUseDouble ? 2 : GetOffenseCount()) * cost;
+}
+
 qint32 DWeaponInfo::GetDamageDieCount(int head) const {
     return isHead(head) ? mDamageValues.mDieCount[head] : 0;
 }

@@ -18,6 +18,9 @@ public:
         kWeaponFlagCantBuy = 0x40,
     };
     static constexpr qint32 kMediumSize = 4;
+    // Rows of "[types Weapon Use]" that change a weapon's price.
+    static constexpr qint32 kUseDouble = 3;
+    static constexpr qint32 kUseAmmunition = 5;
 
     DWeaponInfo() = default;
     DWeaponInfo(const DWeaponInfo&) = default;
@@ -30,8 +33,9 @@ public:
     void Serialize(FCArchive& archive) override;
     // The whole row, the item columns included. The resizable flag is left as it is.
     void SetData(odbc::ResultSet* resultSet) override;
-    // Ammunition rows stand for several pieces, each of which pays for masterwork.
-    int AdjustMasterWorkCost(int cost) const override { return GetOffenseCount() * cost; }
+    // Ammunition rows stand for several pieces, each of which pays for masterwork; a double
+    // weapon pays for both heads.
+    int AdjustMasterWorkCost(int cost) const override;
     bool CanBeResized() const override { return HasWeaponFlag(kWeaponFlagResizable); }
     int GetSizeType() const override { return mSizeType; }
     void SetSizeType(int sizeType) override { mSizeType = sizeType; }

@@ -72,6 +72,19 @@ int extraHitDice(const DCharacter* character, int hitDice) {
     return std::max(0, hitDice - (size ? size->GetExtraHitDieMod() : 0));
 }
 
+// The feats the race lists are those its stat block bought with its hit dice' feat points: they
+// are paid from those points, as far as they reach; any beyond them come free.
+int openRaceFeatPoints(DCharacter* character) {
+    const int points = DHandBook::ComputeRaceFeatPoints(character);
+    const DRace* race = character->GetRace();
+    int listed = 0;
+    if (race) {
+        for (const auto& feat : race->GetFeatSet())
+            listed += feat->GetCount();
+    }
+    return points - std::min(std::max(points, 0), listed);
+}
+
 // The prerequisite statement, made once per connection and kept.
 std::unique_ptr<odbc::PreparedStatement>& prereqSlot() {
     static std::unique_ptr<odbc::PreparedStatement> statement;
@@ -206,15 +219,23 @@ int DHandBook::ComputeRaceAdvancedFeatPoints(DCharacter* character) {
         return 0;
     const float level = raceClass->GetLevel();
     const int base = int(character->GetRace()->GetHitDieCount());
-    if (!values.isTotalHD)
-        return int((level - float(base)) / float(values.perHD));
-    return int(level / float(values.perHD) - float(base / values.perHD));
+    // What the dice now held give beyond what the race's own dice gave, so that dice the race
+    // left over toward its next feat count with the added ones; lowering gives none.
+    int added = 0;
+    if (values.isTotalHD) {
+        added = int(level / float(values.perHD) - float(base / values.perHD));
+    } else {
+        const int raceDice = std::max(base, 1);
+        added = extraHitDice(character, int(level)) / values.perHD -
+                extraHitDice(character, raceDice) / values.perHD;
+    }
+    return std::max(added, 0);
 }
 
 void DHandBook::ComputeAndSetRaceFeatPoints(DCharacter* character) {
     if (!character)
         return;
-    character->SetCharacterStat(kStatRaceFeatPoints, ComputeRaceFeatPoints(character));
+    character->SetCharacterStat(kStatRaceFeatPoints, openRaceFeatPoints(character));
     UpdateTotalFeatPoints(character);
 }
 
@@ -253,7 +274,7 @@ void DHandBook::ComputeAndSetFeatPoints(DCharacter* character, bool isNew) {
         return;
     character->SetCharacterStat(kStatBaseFeatPoints, ComputeBaseFeatsPoints(character));
     if (isNew)
-        character->SetCharacterStat(kStatRaceFeatPoints, ComputeRaceFeatPoints(character));
+        character->SetCharacterStat(kStatRaceFeatPoints, openRaceFeatPoints(character));
     character->SetCharacterStat(kStatAdvancedFeatPoints, ComputeRaceAdvancedFeatPoints(character));
     UpdateTotalFeatPoints(character);
     for (DCharacterClass* characterClass : character->GetClassList()) {

@@ -17,6 +17,7 @@
 #include "DSpell.h"
 #include "DStaffInfo.h"
 #include "DWandInfo.h"
+#include "DWeaponInfo.h"
 #include "ResultSet.h"
 
 #include <cmath>
@@ -43,6 +44,9 @@ bool SizeFactors(const DItemInfo* info, int size, const DSizeInfo*& from, const 
     to = DDatabase::GetSizeInfo(size);
     return from && to;
 }
+
+// Magic ammunition is priced by this many missiles.
+constexpr int kAmmunitionPerPrice = 50;
 
 // "SELECT CoinCount, CoinType" of the row with the item's GUID; a count of 0 without one.
 void ReadPriceRow(int table, const QUuid& guid, DCoinData* out) {
@@ -116,6 +120,13 @@ void ScrollCost(const DScrollInfo* scroll, DCoinData* out) {
     SetFromCopper(copper, out);
 }
 
+// The price row of an enhancement of `bonus`, in copper; none beyond the table.
+qint64 BonusPrice(int priceType, int bonus, int table) {
+    DCoinData row;
+    DHandBook::GetMagicBonusCostFromTable(priceType, bonus, table, &row);
+    return InCopper(row);
+}
+
 } // namespace
 
 DItemInfo* DHandBook::BuildItemInfo(int itemType, const QUuid& guid) {
@@ -174,19 +185,18 @@ void DHandBook::ComputeCustomMagicItemCost(DCustomMagicItemInfo* item, int size,
         out->SetCoinCount(int(raw * 0.01) * 100);
         return;
     }
-    DCoinData row;
-    GetMagicBonusCostFromTable(priceType, bonus + item->GetSpecialAbilityBonus(), table, &row);
-    int extra = row.GetCoinCount();
-    if (specific) {
-        GetMagicBonusCostFromTable(priceType, bonus, table, &row);
-        extra -= row.GetCoinCount();
-    }
-    int price = base.GetCoinCount() + extra;
-    if (item->GetSecondBonus() > 0 && item->GetSecondBonus() == bonus) {
-        GetMagicBonusCostFromTable(priceType, bonus, table, &row);
-        price = base.GetCoinCount() + row.GetCoinCount();
-    }
-    out->SetCoinCount(price);
+    // The abilities go with the first head; a specific item's name bonus costs nothing.
+    qint64 magic = BonusPrice(priceType, bonus + item->GetSpecialAbilityBonus(), table);
+    if (specific)
+        magic -= BonusPrice(priceType, bonus, table);
+    // A double weapon's second head is enhanced, and paid for, on its own.
+    if (item->GetSecondBonus() > 0)
+        magic += BonusPrice(priceType, item->GetSecondBonus(), table);
+    // The table prices magic ammunition by the 50 missiles: a row of fewer pays its share.
+    const auto* weapon = FCDynamicCast<DWeaponInfo>(item->GetBaseItemInfo());
+    if (weapon && weapon->GetUseType() == DWeaponInfo::kUseAmmunition)
+        magic = magic * weapon->GetOffenseCount() / kAmmunitionPerPrice;
+    SetFromCopper(InCopper(base) + magic, out);
 }
 
 void DHandBook::GetMagicBonusCostFromTable(int itemType, int bonus, int table, DCoinData* out) {

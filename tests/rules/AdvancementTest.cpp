@@ -4,6 +4,7 @@
 // saves by the creature type.
 #include "RulesTestSupport.h"
 
+#include "BuiltRulesTest.h"
 #include "DAttackInfo.h"
 #include "DCharHistory.h"
 #include "DCharStatType.h"
@@ -112,6 +113,49 @@ TEST_F(AdvancementTest, StoredHitDiceComeBackOnANewSetup) {
     EXPECT_EQ(beast->GetAbilityStat(kAbilityStrength), 18);
     EXPECT_EQ(beast->GetCharacterStat(kStatNaturalArmor), 3);
     EXPECT_EQ(beast->GetCharacterStat(kStatBaseAttack), 4);
+}
+
+// Ready creatures by the open rules: 1 feat + 1 per 3 hit dice, of which the feats the race lists
+// are the ones its stat block spent; feats beyond them are bonus feats and cost nothing. Dice
+// added by advancement leave their feats to the user.
+class RaceFeatPointsTest : public hoardtest::BuiltRulesTest {};
+
+TEST_F(RaceFeatPointsTest, TheRacesFeatsAreBoughtWithItsDice) {
+    const struct {
+        const char* race;
+        float hitDice; // 0 keeps the race's own
+        const char* className;
+        int open;
+    } cases[] = {
+        {"Owlbear", 0.0f, nullptr, 0}, // 1 + 5 / 3 = 2: Alertness, Track
+        {"Owlbear", 6.0f, nullptr, 1}, // 1 + 6 / 3 = 3, less the same 2
+        {"Owlbear", 8.0f, nullptr, 1}, // 1 + 8 / 3 = 3
+        {"Owlbear", 9.0f, nullptr, 2}, // 1 + 9 / 3 = 4
+        {"Badger", 0.0f, nullptr, 0},  // 1 + 1 / 3 = 1: Track, Weapon Finesse the bonus one
+        {"Badger", 2.0f, nullptr, 0},  // 1 + 2 / 3 = 1
+        {"Human", 0.0f, "Fighter", 2}, // level 1 and the human's own; no race dice or feats
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(QStringLiteral("%1 %2").arg(c.race).arg(c.hitDice).toStdString());
+        FCRef<DCharacter> creature;
+        if (c.className) {
+            FCRef<DFileObject> race(DObjectManager::CreateFileObject(
+                kObjectRace, kFileCore, FCString(QString::fromLatin1(c.race) + ".rac")));
+            creature = FCRef<DCharacter>(new DCharacter());
+            DHandBook::SetupCharacterWithRace(creature.get(), race.get());
+            creature->AddHistory(hoardtest::classGuid(QString::fromLatin1(c.className)), 1.0f);
+            DHandBook::CharacterSetup(creature.get(), true);
+        } else {
+            creature = Monster(QString::fromLatin1(c.race));
+        }
+        ASSERT_NE(creature.get(), nullptr);
+        if (c.hitDice > 0.0f)
+            DHandBook::AdvanceCharacterWithHD(
+                creature.get(), creature->GetHistoryAtPosition(0)->GetLevel(), c.hitDice, false);
+        EXPECT_EQ(creature->GetCharacterStat(kStatFeatPoints) -
+                      creature->GetCharacterStat(kStatSpentFeatPoints),
+                  c.open);
+    }
 }
 
 } // namespace

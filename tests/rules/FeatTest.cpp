@@ -273,13 +273,14 @@ TEST_F(FeatTest, RaceGrantsSkillsFeatsAndFeatPoints) {
     DHandBook::UpdateWithRace(character.get());
     EXPECT_EQ(character->GetCharacterStat(kStatFortitude), 3) << "a feat held is not added again";
 
-    // The type's feats: 1 + 4 / 3 racial; 3 more dice of advancement give one more.
-    EXPECT_EQ(character->GetCharacterStat(kStatRaceFeatPoints), 2);
+    // The type's feats: 1 + 4 / 3 racial, one spent on the race's Great Fortitude; 3 more dice
+    // of advancement give one more.
+    EXPECT_EQ(character->GetCharacterStat(kStatRaceFeatPoints), 1);
     EXPECT_EQ(character->GetCharacterStat(kStatBaseFeatPoints), 0);
     character->GetRaceClassPointer()->SetLevel(7.0f);
     DHandBook::ComputeAndSetAdvancedFeatPoints(character.get());
     EXPECT_EQ(character->GetCharacterStat(kStatAdvancedFeatPoints), 1);
-    EXPECT_EQ(character->GetCharacterStat(kStatFeatPoints), 3);
+    EXPECT_EQ(character->GetCharacterStat(kStatFeatPoints), 2);
 }
 
 } // namespace

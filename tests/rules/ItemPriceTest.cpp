@@ -9,11 +9,21 @@
 #include "DStaffInfo.h"
 #include "DWandInfo.h"
 
+#include <cmath>
+#include <vector>
+
 namespace {
 
 using rulestest::Ref;
 
-class ItemPriceTest : public rulestest::ItemsFixture {};
+class ItemPriceTest : public rulestest::ItemsFixture {
+protected:
+    static qint64 InCopper(const DCoinData& price) {
+        DCurrency money;
+        money.SetAmount(price.GetCoinType(), price.GetCoinCount());
+        return money.GetCopperCost();
+    }
+};
 
 TEST_F(ItemPriceTest, SpellItemsFollowTheirFormula) {
     struct Case {
@@ -62,39 +72,59 @@ TEST_F(ItemPriceTest, SpellItemsFollowTheirFormula) {
 TEST_F(ItemPriceTest, ArmsAndArmorAtSizeMasterworkAndMagic) {
     Ref<DItemInfo> longsword = Info(kItemWeapon, QStringLiteral("Longsword"));
     Ref<DItemInfo> arrows = Info(kItemWeapon, QStringLiteral("Arrows (20)"));
+    Ref<DItemInfo> quarterstaff = Info(kItemWeapon, QStringLiteral("Quarterstaff"));
+    Ref<DItemInfo> twoBladed = Info(kItemWeapon, QStringLiteral("Sword, two-bladed"));
+    Ref<DItemInfo> bullets = Info(kItemWeapon, QStringLiteral("Bullets, sling (10)"));
     struct Case {
         DItemInfo* info;
         unsigned flags;
         int size;
-        int gold;
+        double gold;
     };
-    // A Large longsword costs twice; a Small one the same; masterwork adds 300 gp, and 6 gp a
-    // piece for ammunition (20 arrows: 120 gp).
-    const Case mundane[] = {{longsword.get(), 0, -1, 15},
-                            {longsword.get(), 0, 5, 30},
-                            {longsword.get(), 0, 3, 15},
-                            {longsword.get(), 1, -1, 315},
-                            {arrows.get(), 1, -1, 121}};
+    // A Large longsword costs twice; a Small one the same; masterwork adds 300 gp, 600 for the
+    // two heads of a double weapon, and 6 gp a piece for ammunition (20 arrows: 120 gp; 10 sling
+    // bullets at 1 sp: 60 gp 1 sp).
+    const Case mundane[] = {{longsword.get(), 0, -1, 15},  {longsword.get(), 0, 5, 30},
+                            {longsword.get(), 0, 3, 15},   {longsword.get(), 1, -1, 315},
+                            {arrows.get(), 1, -1, 121},    {quarterstaff.get(), 1, -1, 600},
+                            {twoBladed.get(), 1, -1, 700}, {bullets.get(), 1, -1, 60.1}};
     for (const Case& c : mundane) {
         DCoinData price;
         DHandBook::ComputeItemCost(c.info, nullptr, c.flags, c.size, price);
-        EXPECT_EQ(price.GetCoinCount(), c.gold) << c.size << " " << c.flags;
+        EXPECT_EQ(InCopper(price), std::llround(c.gold * 100))
+            << c.info->GetItemName().toStdString() << " " << c.size << " " << c.flags;
     }
 
+    // Rows of the weapon abilities, each a +1 bonus.
+    constexpr int kFlaming = 3;
+    constexpr int kFrost = 4;
     struct Magic {
         int itemType;
         QString name;
         int bonus;
         int second;
-        int gold;
+        std::vector<int> abilities;
+        double gold;
     };
+    // The weapon table: +1 2,000 gp, +2 8,000, +3 18,000; for ammunition the price of 50.
     // +1 longsword 2,315; +1 full plate 2,650; +2 chainmail 4,300; a cursed -2 longsword pays
-    // 300 gp a square of its penalty, rounded to 100: (1,200 + 15 + 50) / 100 x 100.
+    // 300 gp a square of its penalty, rounded to 100: (1,200 + 15 + 50) / 100 x 100. A double
+    // weapon pays each head: +1/+1 quarterstaff 600 + 2,000 + 2,000; +1 flaming/+1 600 +
+    // 8,000 + 2,000; +2/+1 two-bladed sword 700 + 8,000 + 2,000. +1 arrows pay 2,000 a 50, so
+    // 800 for 20 (one arrow 40 + 6 + 1/20 gp); +1 flaming frost arrows 18,000 x 20 / 50.
     const Magic magic[] = {
-        {kItemWeapon, QStringLiteral("Longsword"), 1, 0, 2315},
-        {kItemArmor, QStringLiteral("Full plate"), 1, 0, 2650},
-        {kItemArmor, QStringLiteral("Chainmail"), 2, 0, 4300},
-        {kItemWeapon, QStringLiteral("Longsword"), -2, 0, 1200},
+        {kItemWeapon, QStringLiteral("Longsword"), 1, 0, {}, 2315},
+        {kItemArmor, QStringLiteral("Full plate"), 1, 0, {}, 2650},
+        {kItemArmor, QStringLiteral("Chainmail"), 2, 0, {}, 4300},
+        {kItemWeapon, QStringLiteral("Longsword"), -2, 0, {}, 1200},
+        {kItemWeapon, QStringLiteral("Quarterstaff"), 1, 1, {}, 4600},
+        {kItemWeapon, QStringLiteral("Quarterstaff"), 1, 1, {kFlaming}, 10600},
+        {kItemWeapon, QStringLiteral("Quarterstaff"), 1, 1, {kFlaming, kFrost}, 20600},
+        {kItemWeapon, QStringLiteral("Sword, two-bladed"), 2, 1, {}, 10700},
+        {kItemWeapon, QStringLiteral("Arrows (20)"), 1, 0, {}, 121 + 800},
+        {kItemWeapon, QStringLiteral("Arrows (20)"), 1, 0, {kFlaming, kFrost}, 121 + 7200},
+        {kItemWeapon, QStringLiteral("Bolts, crossbow (10)"), 2, 0, {}, 61 + 1600},
+        {kItemWeapon, QStringLiteral("Bullets, sling (10)"), 1, 0, {}, 60.1 + 400},
     };
     for (const Magic& m : magic) {
         Ref<DItemInfo> base = Info(m.itemType, m.name);
@@ -102,10 +132,13 @@ TEST_F(ItemPriceTest, ArmsAndArmorAtSizeMasterworkAndMagic) {
         custom->SetBaseItemInfo(base.get());
         custom->SetBonus(m.bonus);
         custom->SetSecondBonus(m.second);
+        for (const int ability : m.abilities)
+            custom->AddSpecialAbility(ability, 0, -1, 1);
         custom->SetCustomFlags(m.bonus > 0 ? 1 : 0);
         DCoinData price;
         DHandBook::ComputeCustomMagicItemCost(custom.get(), -1, &price);
-        EXPECT_EQ(price.GetCoinCount(), m.gold) << m.name.toStdString() << " " << m.bonus;
+        EXPECT_EQ(InCopper(price), std::llround(m.gold * 100))
+            << m.name.toStdString() << " " << m.bonus << "/" << m.second;
     }
     // A bonus beyond the price table costs nothing more.
     DCoinData beyond;
