@@ -27,6 +27,7 @@
 
 #include <QBuffer>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
 
 #include <cmath>
@@ -389,7 +390,7 @@ private:
     }
 
     // "Longsword +7/+2 melee (1d8+2/19-20)": with `full` every iterative attack, else the
-    // first.
+    // first, made once.
     static QString StatBlockAttack(const DOffenseLine& line, bool full) {
         QStringList bonuses;
         for (const int bonus : full ? line.bonuses : line.bonuses.mid(0, 1))
@@ -399,8 +400,13 @@ private:
             threat.clear();
         else if (threat.endsWith(QLatin1String("/x2")))
             threat.chop(3);
+        // The single attack is one of a natural attack's several: "Claw", not "2 Claw".
+        static const QRegularExpression count(QStringLiteral("^\\d+ "));
+        QString name = line.name;
+        if (!full)
+            name.remove(count);
         return QStringLiteral("%1 %2 %3 (%4%5)")
-            .arg(line.name, bonuses.join(QLatin1Char('/')),
+            .arg(name, bonuses.join(QLatin1Char('/')),
                  line.range == QLatin1String("-") ? QStringLiteral("melee")
                                                   : QStringLiteral("ranged"),
                  line.damage, threat.isEmpty() ? QString() : QLatin1Char('/') + threat);

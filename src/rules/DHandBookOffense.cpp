@@ -393,9 +393,15 @@ void DHandBook::GetAttackValues(DCharacter* character, int type, int id, int ran
     if (!character || rangeType != 0)
         return;
     const DOffenseItem offense(type, id);
-    if (DoesCharacterHaveFeatForOffense(character, kWeaponFinesseFeat, offense) &&
-        character->GetAbilityStat(kAbilityDexterity) >
-            character->GetAbilityStat(kAbilityStrength)) {
+    // The feat table gives Weapon Finesse no target: taken so, it serves every natural attack
+    // and every weapon that can be finessed, as the rules have it.
+    const bool finesse =
+        DoesCharacterHaveFeatForOffense(character, kWeaponFinesseFeat, offense) ||
+        (character->HasFeat(kWeaponFinesseFeat) &&
+         (type != DOffenseItem::kOffenseWeapon ||
+          CanFinesseWeapon(character, WeaponOf(character->GetItem(id)))));
+    if (finesse && character->GetAbilityStat(kAbilityDexterity) >
+                       character->GetAbilityStat(kAbilityStrength)) {
         values[kOffenseAbilityUsed] = 1;
         values[kOffenseAbility] = AbilityModifier(character, kAbilityDexterity);
     }

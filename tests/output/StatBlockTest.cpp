@@ -45,6 +45,9 @@ TEST_F(StatBlockTest, PublishedMonstersLineByLine) {
           {"Speed", "30 ft. (6 squares)"},
           {"Armor Class", "15 (-1 size, +1 Dex, +5 natural), touch 10, flat-footed 14"},
           {"Base Attack/Grapple", "+5/+14"},
+          // 5 + Str 5 - 1; the bite secondary at -5 with half the Strength bonus.
+          {"Attack", "Claw +9 melee (1d6+5)"},
+          {"Full Attack", "2 Claw +9 melee (1d6+5) and Bite +4 melee (1d8+2)"},
           {"Space/Reach", "10 ft./5 ft."},
           {"Special Attacks", "Improved grab"},
           {"Special Qualities", "Scent"},
@@ -61,6 +64,9 @@ TEST_F(StatBlockTest, PublishedMonstersLineByLine) {
           {"Speed", "20 ft. (4 squares)"},
           {"Armor Class", "16 (+1 size, +5 natural), touch 11, flat-footed 16"},
           {"Base Attack/Grapple", "+2/-1"},
+          // 2 + Str 1 + Small 1; Multiattack puts the bite at -2, not -5.
+          {"Attack", "Claw +4 melee (1d6+1)"},
+          {"Full Attack", "2 Claw +4 melee (1d6+1) and Bite +2 melee (1d4)"},
           {"Space/Reach", "5 ft./5 ft."},
           {"Special Attacks", "Spell-like abilities, summon demon"},
           {"Saves", "Fort +5, Ref +3, Will +3"},
@@ -74,6 +80,9 @@ TEST_F(StatBlockTest, PublishedMonstersLineByLine) {
           {"Hit Dice", "12d8+48 (102 hp)"},
           {"Initiative", "-1"},
           {"Base Attack/Grapple", "+9/+20"},
+          // The greatclub and rocks are items; the slams are its own: 9 + Str 7 - 1, and
+          // Strength once as it strikes twice.
+          {"Full Attack", "2 Slam +15 melee (1d4+7)"},
           {"Special Attacks", "Rock throwing"},
           {"Special Qualities", "Low-light vision, rock catching"},
           {"Saves", "Fort +12, Ref +3, Will +4"},
@@ -89,10 +98,12 @@ TEST_F(StatBlockTest, PublishedMonstersLineByLine) {
         for (const Line& line : creature.lines)
             EXPECT_EQ(block.value(QString::fromLatin1(line.label)).toStdString(), line.value)
                 << line.label;
-        // A bare race holds no weapons: the attack lines are left out, not made up.
-        EXPECT_FALSE(block.contains("Attack"));
-        EXPECT_FALSE(block.contains("Full Attack"));
     }
+    // The ogre fights with a greatclub or javelins, which a bare race does not hold: no attack
+    // lines are made up.
+    const QMap<QString, QString> ogre = StatBlock(Monster(QStringLiteral("Ogre")).get());
+    EXPECT_FALSE(ogre.contains("Attack"));
+    EXPECT_FALSE(ogre.contains("Full Attack"));
 }
 
 TEST_F(StatBlockTest, HandWorkedDwarfFighter) {

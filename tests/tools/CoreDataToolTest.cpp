@@ -1,10 +1,13 @@
 // The race builder as the build runs it: good sources become readable race files, and every
 // fault stops it with the file and line named.
+#include "DAttackInfo.h"
 #include "DChosenFeat.h"
 #include "DChosenSkill.h"
 #include "DChosenSpeed.h"
 #include "DFamiliarBonus.h"
 #include "DGuid.h"
+#include "DOffenseGroup.h"
+#include "DOffenseItem.h"
 #include "DRace.h"
 #include "DRaceAdvance.h"
 #include "DTargetData.h"
@@ -78,6 +81,8 @@ const char* const kGoodSource = "# a hill-giant-like test creature\n"
                                 "skills: Listen +2, craft  (alchemy) +4\n"
                                 "skills: Move Silently +1\n"
                                 "skill_ranks: Listen 5, Spot 0\n"
+                                "attacks: 2 claw 1d6, Bite 2d8\n"
+                                "attacks: touch touch ranged\n"
                                 "familiar_bonus: Move Silently +3, Ref +2, hit points +3, Cha +1\n"
                                 "feats: Alertness, Skill Focus (Craft (Alchemy))\n"
                                 "feats: \"Weapon Focus (Longbow, composite)\", "
@@ -154,6 +159,34 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
         EXPECT_EQ(skill->GetRanks(giant->GetClassGuid()), expected.ranks);
     }
     EXPECT_EQ(giant->GetSkillPointer(craft, QUuid()), nullptr);
+
+    // Each attack routine is an offense group of natural attacks: "[types Race Attack]" Claw
+    // is 1, Bite 0, Touch 10; a die's id is its sides.
+    const struct {
+        int group, count, type, dice, die;
+        bool touch;
+        int range;
+    } attacks[] = {{0, 2, 1, 1, 6, false, 0}, {0, 1, 0, 2, 8, false, 0}, {1, 1, 10, 0, 0, true, 1}};
+    ASSERT_EQ(giant->GetOffenseGroupArray().GetCount(), 2);
+    ASSERT_EQ(giant->GetAttackMap().GetCount(), 3);
+    int seen[2] = {};
+    for (const auto& expected : attacks) {
+        const DOffenseGroup* group = giant->GetOffenseGroupArray().At(expected.group);
+        const DOffenseItem& item = group->GetOffenseItemArray().At(seen[expected.group]++);
+        const DAttackInfo* attack = giant->GetAttack(item.GetOffenseId());
+        ASSERT_NE(attack, nullptr);
+        EXPECT_EQ(attack->GetOffenseCount(), expected.count);
+        EXPECT_EQ(attack->GetAttackTypeId(), expected.type);
+        EXPECT_EQ(attack->GetDamageDieCount(), expected.dice);
+        EXPECT_EQ(attack->GetDamageDieId(), expected.die);
+        EXPECT_EQ(attack->GetAttackRangeIsTouch(), expected.touch);
+        EXPECT_EQ(attack->GetRangeType(), expected.range);
+    }
+    // The group's first attack is its primary one.
+    EXPECT_TRUE(giant->GetOffenseGroupArray().At(0)->GetOffenseItemArray().At(0).HasOffenseFlag(
+        DOffenseItem::kOffensePrimary));
+    EXPECT_FALSE(giant->GetOffenseGroupArray().At(0)->GetOffenseItemArray().At(1).HasOffenseFlag(
+        DOffenseItem::kOffensePrimary));
 
     // Feats with each kind of target: none, a sub-skill, a weapon (sub-target 1 marks the
     // weapon table), a school by its id (Evocation is 5), and a name that holds parentheses.
@@ -242,6 +275,10 @@ TEST(CoreDataTool, FaultsNameFileAndLine) {
          "expected a skill and its ranks"},
         {"skill ranks twice", "type: Giant\nskill_ranks: Spot 2, spot 1\n", 2,
          "skill 'Spot' given twice"},
+        {"unknown natural attack", "attacks: 2 claw 1d6, headbutt 1d4\n", 1,
+         "'headbutt' names no row of [types Race Attack]"},
+        {"attack made no times", "attacks: 0 claw 1d6\n", 1, "at least once, not 0 times"},
+        {"attack with an odd die", "attacks: bite 1d7\n", 1, "'d7' names no row of [types Dice]"},
         {"familiar bonus without a number", "familiar_bonus: Listen\n", 1,
          "expected what the master gains and a bonus"},
         {"familiar bonus to no skill", "familiar_bonus: Basketry +3\n", 1,

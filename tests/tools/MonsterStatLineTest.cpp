@@ -3,13 +3,16 @@
 // stat block its race source quotes ("# published: ..."): base attack, grapple, the three saves
 // and the skill totals must reproduce it; hit points and armor class are counted alongside.
 #include "BuiltRulesTest.h"
+#include "DAttackInfo.h"
 #include "DCharacter.h"
 #include "DCharacterGenerator.h"
 #include "DChosenSkill.h"
 #include "DDatabase.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
+#include "DItemValues.h"
 #include "DObjectManager.h"
+#include "DOffenseGroup.h"
 #include "DRulesQuery.h"
 #include "FCReleaser.h"
 #include "ResultSet.h"
@@ -202,6 +205,41 @@ const QSet<QString> kKnownSkillMisses = {"Adamantine Golem",
                                          "Nessian Warhound",
                                          "Water Elemental, Primal"};
 
+// The published natural attack routines of a converted race source, one string per routine
+// in the order of its `attacks` lines, the attacks' names taken out: "+9 1d6+5, +4 1d8+2".
+QStringList readPublishedAttacks(const QString& path) {
+    static const QRegularExpression line(QStringLiteral("^# published attacks: (.*)$"),
+                                         QRegularExpression::MultilineOption);
+    static const QRegularExpression name(QStringLiteral("(^|, )[A-Za-z ]+ (?=[+-]\\d)"));
+    const QRegularExpressionMatch match = line.match(QString::fromUtf8(hoardtest::readFile(path)));
+    QStringList routines =
+        match.hasMatch() ? match.captured(1).split(QStringLiteral(" | ")) : QStringList();
+    for (QString& routine : routines)
+        routine.replace(name, QStringLiteral("\\1"));
+    return routines;
+}
+
+// The monster's first routines as the published ones read without the attacks' names: each
+// attack's bonus and damage, "+9 1d6+5, +4 1d8+2".
+QStringList builtAttacks(DCharacter& monster, qsizetype routines) {
+    QStringList out;
+    const auto& groups = monster.GetOffenseGroupArray();
+    for (qsizetype g = 0; g < routines && g < groups.GetCount(); ++g) {
+        QStringList items;
+        for (const DOffenseItem& offense : groups.At(int(g))->GetOffenseItemArray()) {
+            DOffenseBonusValues values;
+            const int bonus = DHandBook::GetOffenseBonus(&monster, offense, values, false);
+            const DAttackInfo* attack = monster.GetAttack(offense.GetOffenseId());
+            const QString damage = attack && attack->GetDamageDieCount() > 0
+                                       ? DHandBook::BuildOffenseDamageString(&monster, offense)
+                                       : QStringLiteral("-");
+            items << QString::asprintf("%+d ", bonus) + damage;
+        }
+        out << items.join(QStringLiteral(", "));
+    }
+    return out;
+}
+
 class MonsterStatLine : public hoardtest::BuiltRulesTest {};
 
 TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
@@ -240,6 +278,23 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
         // attack): 7; 7 + 3 = 10; 5 + 2, 5 + 0, 5 + 0.
         {"Average Xorn", {7, 10, 7, 5, 5}},
     };
+    // Natural attacks: the first of a routine is primary, the rest secondary at -5 with half
+    // the Strength bonus; several attacks take Strength once, not one and a half times.
+    const struct {
+        const char* race;
+        const char* routine;
+    } attackChecked[] = {
+        // Large, base attack 5, Str 21: claws 5 + 5 - 1 = +9, 1d6+5; bite 9 - 5, 1d8 + 5 / 2.
+        {"Owlbear", "+9 1d6+5, +4 1d8+2"},
+        // Tiny, base attack 0, Str 3, Dex 15, Weapon Finesse: claws 0 + 2 + 2 = +4 with the
+        // whole -4 on damage; bite +4 - 5, a penalty not halved.
+        {"Cat", "+4 1d2-4, -1 1d3-4"},
+    };
+    for (const auto& c : attackChecked) {
+        FCRef<DCharacter> monster = Monster(QString::fromUtf8(c.race));
+        ASSERT_TRUE(monster) << c.race;
+        EXPECT_EQ(builtAttacks(*monster, 1), QStringList{QString::fromUtf8(c.routine)}) << c.race;
+    }
     for (const auto& c : handChecked) {
         SCOPED_TRACE(c.race);
         FCRef<DCharacter> monster = shownMonster(QString::fromUtf8(c.race));
@@ -251,7 +306,7 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
 
     const QDir sources(QStringLiteral(HOARD_CORE_SOURCE_DIR "/races"));
     int measured = 0, matching = 0, hitPoints = 0, armorClass = 0, withSkills = 0,
-        skillsMatching = 0;
+        skillsMatching = 0, withAttacks = 0, attacksMatching = 0;
     QStringList unexpected, reached;
     for (const QString& file : sources.entryList({"*.race"}, QDir::Files, QDir::Name)) {
         Line published;
@@ -287,6 +342,12 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
             } else if (!kKnownSkillMisses.contains(race))
                 unexpected << race + ": " + wrong.join(", ");
         }
+        const QStringList attacks = readPublishedAttacks(sources.filePath(file));
+        if (!attacks.isEmpty()) {
+            ++withAttacks;
+            const QStringList own = builtAttacks(*monster, attacks.size());
+            attacksMatching += own == attacks;
+        }
         const QStringList missed = differences(published, built, 0, kCombatFigures);
         if (missed.isEmpty()) {
             ++matching;
@@ -297,7 +358,8 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
     }
     std::cout << "[ measured ] " << matching << " of " << measured
               << " monsters reproduce base attack, grapple and saves; hp " << hitPoints << ", AC "
-              << armorClass << "; skills " << skillsMatching << " of " << withSkills << "\n";
+              << armorClass << "; skills " << skillsMatching << " of " << withSkills << "; attacks "
+              << attacksMatching << " of " << withAttacks << "\n";
     ASSERT_GT(measured, 400);
     EXPECT_TRUE(unexpected.isEmpty()) << unexpected.join("\n").toStdString();
     EXPECT_TRUE(reached.isEmpty())
@@ -305,6 +367,9 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
     // The known misses bound the share from below.
     EXPECT_GE(matching * 100, measured * 91);
     EXPECT_GE(skillsMatching * 100, withSkills * 95);
+    // Natural attacks miss where a feat names a natural weapon (Weapon Focus (bite)), which the
+    // race keeps in words, and where the blocks slip (data/core/README.md).
+    EXPECT_GE(attacksMatching * 100, withAttacks * 80);
 }
 
 } // namespace

@@ -26,6 +26,7 @@ const struct {
     {"[info Speed]", false},
     {"[types Speed]", false},
     {"[types Race Special Attacks]", false},
+    {"[types Race Attack]", false},
     {"[types Race Special Quality]", false},
     {"[info Alignment]", false},
     {"[types Alignment Modifiers]", false},

@@ -3,12 +3,15 @@
 #include "DHandBook.h"
 
 #include "CoreDataError.h"
+#include "DAttackInfo.h"
 #include "DChosenFeat.h"
 #include "DChosenLanguage.h"
 #include "DChosenSkill.h"
 #include "DChosenSpeed.h"
 #include "DFamiliarBonus.h"
 #include "DGuid.h"
+#include "DOffenseGroup.h"
+#include "DOffenseItem.h"
 #include "DRace.h"
 #include "DRaceAdvance.h"
 #include "DSpecialAttack.h"
@@ -28,11 +31,16 @@ const QStringList kSaveNames = {"Fort", "Ref", "Will"};
 const QStringList kGenderNames = {"male", "female"};
 
 // Keys that may appear more than once: each line adds one entry.
-const QSet<QString> kRepeatable = {"feature", "skills", "feats"};
+const QSet<QString> kRepeatable = {"feature", "skills", "feats", "attacks"};
 
 // Ranks of a race's skill stand in its hit dice's class, where every listed skill is a class
 // skill.
 constexpr DSkillUsabilityType kRacialSkillUsability = 1;
+
+// What the race editor gives a natural attack in a group.
+constexpr quint32 kNaturalAttackFlags = 0x401;
+// "[types Weapon Range]": 0 melee, 1 ranged.
+constexpr qint32 kRangedAttack = 1;
 
 // Rows of "[types Feat Target]" a source can name.
 constexpr int kFeatTargetNone = 0;
@@ -113,6 +121,7 @@ QStringList RaceSourceReader::Keys() {
             "familiar_bonus",
             "skills",
             "skill_ranks",
+            "attacks",
             "feats"};
 }
 
@@ -361,6 +370,8 @@ void RaceSourceReader::Apply(const QString& key, const QString& value, DRace& ra
         SetSkills(value, race);
     else if (key == "skill_ranks")
         SetSkillRanks(value, race);
+    else if (key == "attacks")
+        AddAttackGroup(value, race);
     else if (key == "feats")
         SetFeats(value, race);
 }
@@ -541,6 +552,39 @@ void RaceSourceReader::SetSkillRanks(const QString& value, DRace& race) {
         if (chosen.GetSkillRankInfo(raceClass))
             Fail(QStringLiteral("skill '%1' given twice").arg(skill.name));
         chosen.SetRanks(raceClass, kRacialSkillUsability, float(Integer(match.captured(2))));
+    }
+}
+
+// One attack routine of natural attacks, an offense group of its own: "2 claw 1d6, bite 1d8".
+// Each attack: an optional count, a "[types Race Attack]" name, an optional damage die, and the
+// words "touch" and "ranged" as they apply. The first attack of a routine is its primary one,
+// the others secondary, as the group itself works out.
+void RaceSourceReader::AddAttackGroup(const QString& value, DRace& race) {
+    static const QRegularExpression form(
+        QStringLiteral("^(?:(\\d+)\\s+)?(.+?)(?:\\s+(\\d+)d(\\d+))?((?:\\s+(?:touch|ranged))*)$"));
+    const int group = race.GetOffenseGroupArray().GetCount();
+    for (const QString& item : List(value)) {
+        const QRegularExpressionMatch match = form.match(item);
+        if (!match.hasMatch())
+            Fail(QStringLiteral("expected an attack such as '2 claw 1d6' or 'touch 1d8 touch', "
+                                "got '%1'")
+                     .arg(item));
+        const QStringList words = match.captured(5).split(' ', Qt::SkipEmptyParts);
+        FCRef<DAttackInfo> attack(new DAttackInfo);
+        attack->SetOffenseCount(match.captured(1).isEmpty() ? 1 : Integer(match.captured(1)));
+        if (attack->GetOffenseCount() < 1)
+            Fail(QStringLiteral("an attack is made at least once, not %1 times")
+                     .arg(attack->GetOffenseCount()));
+        attack->SetAttackTypeId(Id("[types Race Attack]", match.captured(2)));
+        if (!match.captured(3).isEmpty()) {
+            attack->SetDamageDieCount(Integer(match.captured(3)));
+            attack->SetDamageDieId(Id("[types Dice]", QStringLiteral("d") + match.captured(4)));
+        }
+        attack->SetAttackRangeIsTouch(words.contains(QLatin1String("touch")));
+        attack->SetRangeType(words.contains(QLatin1String("ranged")) ? kRangedAttack : 0);
+        const int id = race.AddAttack(attack.get());
+        race.AddOffenseToGroup(
+            group, DOffenseItem(DOffenseItem::kOffenseNatural, id, kNaturalAttackFlags));
     }
 }
 

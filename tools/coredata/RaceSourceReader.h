@@ -47,6 +47,7 @@ private:
     // "Listen +2, Craft (Alchemy) +2": racial skill bonuses.
     void SetSkills(const QString& value, DRace& race);
     void SetSkillRanks(const QString& value, DRace& race);
+    void AddAttackGroup(const QString& value, DRace& race);
     const NameIndex::Skill& SkillNamed(const QString& name) const;
     static DChosenSkill& RaceSkill(const NameIndex::Skill& skill, DRace& race);
     // "Alertness, Weapon Focus (Longsword)": racial feats, with a weapon, skill or school

@@ -100,12 +100,25 @@ SPEED_SKILL_BONUS = 8
 # Sub-skills as the stat blocks spell them where the skill table spells them otherwise.
 SUB_SKILL_ALIASES = {"planes": "The Planes", "stringed instruments": "String Instruments"}
 
+# Natural attacks as the stat blocks name them, by the "[types Race Attack]" row they are.
+ATTACK_NAMES = {"bite": "Bite", "claw": "Claw", "gore": "Gore", "slam": "Slam", "sting": "Sting",
+                "tail slap": "Tail slap", "tentacle": "Tentacle", "wing": "Wing",
+                "hoof": "Hoof", "hooves": "Hoof", "talon": "Talon", "touch": "Touch",
+                "incorporeal touch": "Touch", "rake": "Rake", "pincer": "Pincer",
+                "tongue": "Tongue", "butt": "Butt", "arm": "Arm", "horn": "Gore",
+                "wing buffet": "Wing", "foreclaw": "Claw", "hindclaw": "Claw", "tail": "Tail slap",
+                "tail slam": "Tail slap", "skull butt": "Butt", "tendril": "Tentacle",
+                "pseudopod slam": "Slam"}
+ATTACK = re.compile(r"^(?:(\d+)\s+)?([A-Za-z ]+?)\s+([+-]\d+)(?:/[+-]\d+)*\*?\s*(melee|ranged)?"
+                    r"\s*(touch)?\*?\s*\(([^)]*)\)\s*(melee|ranged)?\s*(touch)?\s*$")
+
 WARRIOR = re.compile(r"^(.*), 1st-Level Warrior$")
 WARRIOR_SCORES = {"Str": 13, "Dex": 11, "Con": 12, "Int": 10, "Wis": 9, "Cha": 8}
 # What a warrior's block holds that is not the race's: its class dice and its chosen feats. Its
 # published line and racial save bonus stay: a race of no hit dice is shown as that warrior.
 # Nor are its skill totals, which hold the warrior's ranks.
-WARRIOR_DROPS = ("hit_dice:", "skill_points:", "good_saves:", "feats:", "skills:",
+WARRIOR_DROPS = ("hit_dice:", "skill_points:", "good_saves:", "feats:", "skills:", "attacks:",
+                 "# published attacks:",
                  "skill_ranks:", "# published skills:", "feature: Feat:", "advancement:")
 # An astral construct's level is the power's level, not a class level: its hit dice are its own.
 SKIP = re.compile(r"\d+(st|nd|rd|th)-Level(?! Astral Construct)|Human Form|Hybrid|Wolf Form|"
@@ -415,6 +428,12 @@ class Converter:
             speeds = ["land 0"]
         out.append("speed: " + ", ".join(speeds))
 
+        groups = self.attack_groups(row)
+        for group, _ in groups:
+            out.append("attacks: " + group)
+        if groups:
+            out.insert(2, "# published attacks: " + " | ".join(shown for _, shown in groups))
+
         totals = self.published_skills(row)
         if totals:
             ranks, racial, unreachable = self.skill_split(
@@ -640,6 +659,50 @@ class Converter:
             return 0
         per_die = max(1, self.type_skill_points[ctype] + (int(intelligence) - 10) // 2)
         return per_die * (max(1, int(hit_dice)) + 3)
+
+    def attack_groups(self, row):
+        """The Full Attack column's routines of natural attacks, each as an `attacks` value:
+        "2 Claw 1d6, Bite 1d8", the primary attack first, as the block lists it, with the
+        block's own figures ("Claw +9 1d6+5, Bite +4 1d8+2"). A routine with a weapon in it is
+        left out (weapons are items, not the race's); so is an attack the table has no row
+        for."""
+        groups = []
+        text = row["Full Attack"].replace("\u2212", "-").replace("\u2013", "-")
+        for routine in re.split(r";?\s+or\s+", text):
+            items = [i for part in split_top(routine, ",") for i in
+                     re.split(r"\s+and\s+", part) if i.strip()]
+            out, shown, ok = [], [], bool(items)
+            for item in items:
+                item = re.sub(r"^and\s+", "", item.strip())
+                m = ATTACK.match(item)
+                if not m:
+                    ok = False
+                    break
+                name = m.group(2).strip().lower()
+                kind = next((ATTACK_NAMES[n] for n in (name, re.sub(r"s$", "", name),
+                                                        re.sub(r"es$", "", name))
+                             if n in ATTACK_NAMES), None)
+                if not kind:
+                    ok = False
+                    break
+                # Hit point damage only: "1d8 Str" is ability damage, which a die cannot say.
+                damage = re.match(r"^\s*((\d+)d(\d+)(?:[+-]\d+)?)(?=$|\s+plus|/|\s*\*)",
+                                  m.group(6))
+                words = []
+                if m.group(5) or m.group(8) or "touch" in name:
+                    words.append("touch")
+                if "ranged" in (m.group(4), m.group(7)):
+                    words.append("ranged")
+                out.append(" ".join(
+                    ([m.group(1)] if m.group(1) and m.group(1) != "1" else []) + [kind] +
+                    (["%sd%s" % damage.group(2, 3)] if damage else []) + words))
+                shown.append("%s %+d %s" % (kind, int(m.group(3)),
+                                            damage.group(1) if damage else "-"))
+            if ok:
+                groups.append((", ".join(out), ", ".join(shown)))
+            else:
+                self.gap("attack routine with a weapon or an unknown attack (left out)")
+        return groups
 
     def sub_skill_name(self, skill, sub):
         """'Knowledge', 'Knowledge/Arcana' (a synergy row) -> 'Knowledge (Arcana)'."""
