@@ -117,6 +117,28 @@ TEST_F(OffenseTest, TwoWeaponsAndTheFeatsThatHelp) {
     EXPECT_EQ(Bonus(*wizard, sword), 0 + 0 - 4);
 }
 
+TEST_F(OffenseTest, WeaponFinesseServesWhatCanBeFinessed) {
+    // Str 8 (-1), Dex 16 (+3), base attack +1. With Weapon Finesse a rapier and a dagger use
+    // Dexterity; a longsword, which cannot be finessed, keeps Strength.
+    Ref<DCharacter> rogue = Make({QStringLiteral("Fighter")});
+    SetScore(*rogue, kAbilityStrength, 8);
+    SetScore(*rogue, kAbilityDexterity, 16);
+    const struct {
+        const char* weapon;
+        int without, with;
+    } cases[] = {{"Rapier", 0, 4}, {"Dagger", 0, 4}, {"Longsword", 0, 0}};
+    for (const bool finesse : {false, true}) {
+        if (finesse)
+            TakeFeat(*rogue, QStringLiteral("Weapon Finesse"));
+        for (const auto& c : cases) {
+            rogue->RemoveAllOffenseGroups();
+            const DOffenseItem offense =
+                Wield(*rogue, QString::fromLatin1(c.weapon), DOffenseItem::kOffenseOneHand);
+            EXPECT_EQ(Bonus(*rogue, offense), finesse ? c.with : c.without) << c.weapon;
+        }
+    }
+}
+
 TEST_F(OffenseTest, CriticalAndRangeTexts) {
     EXPECT_EQ(DHandBook::BuildSimpleWeaponCriticalString(19, 2, 0, false),
               QStringLiteral("19-20/x2"));
