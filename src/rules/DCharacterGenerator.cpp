@@ -221,17 +221,40 @@ float LightLoad(DCharacter& character) {
     return carry.light;
 }
 
+// The row made to fit the character: rows list arms and armor made for a Medium body, and a
+// smaller or larger one gets them the same number of sizes away. `size` is the size asked for
+// (-1: as listed); null when the listed row fits as it is.
+FCRef<DItemInfo> Fitted(DCharacter& character, DItemInfo* listed, int& size) {
+    const DSizeInfo* body = character.GetSizeInfo();
+    const int shift = (body ? body->GetSizeId() : kMediumSize) - kMediumSize;
+    size = shift != 0 && listed->CanBeResized() ? listed->GetSizeType() + shift : -1;
+    return FCRef<DItemInfo>(DHandBook::CreateSizeAdjustedItem(&character, listed, size));
+}
+
+// Carries the item; a weapon joins offense group `group` with the grip it takes; with
+// `equip` it is also put on or taken in hand.
+void TakeUp(DCharacter& character, DChosenItem* item, int group, bool equip) {
+    DHandBook::AddChosenItemToCharacter(&character, item, false);
+    DHandBook::ToggleItemCarryingStatus(&character, item, false);
+    if (const auto* weapon = FCDynamicCast<DWeaponInfo>(item->GetItemInfo())) {
+        const int uses = DHandBook::GetCharacterWeaponUses(&character, weapon);
+        quint32 grip = (uses & 1) ? DOffenseItem::kOffenseOneHand : DOffenseItem::kOffenseTwoHands;
+        if (DHandBook::IsWeaponLight(&character, weapon))
+            grip |= DOffenseItem::kOffenseLight;
+        character.AddOffenseToGroup(
+            group, DOffenseItem(DOffenseItem::kOffenseWeapon, item->GetItemId(), grip));
+    }
+    if (equip)
+        DHandBook::EquipItem(&character, item, true);
+}
+
 bool BuyBest(DCharacter& character, int itemType, const QStringList& names) {
     for (const QString& name : names) {
         FCRef<DItemInfo> listed = Row(itemType, name);
         if (!listed)
             continue;
-        // Rows list arms and armor made for a Medium body: a smaller or larger buyer gets them
-        // made to fit, the same number of sizes away.
-        const DSizeInfo* body = character.GetSizeInfo();
-        const int shift = (body ? body->GetSizeId() : kMediumSize) - kMediumSize;
-        const int size = shift != 0 && listed->CanBeResized() ? listed->GetSizeType() + shift : -1;
-        FCRef<DItemInfo> fitted(DHandBook::CreateSizeAdjustedItem(&character, listed.get(), size));
+        int size = -1;
+        FCRef<DItemInfo> fitted = Fitted(character, listed.get(), size);
         DItemInfo* row = fitted ? fitted.get() : listed.get();
         DCoinData cost;
         DHandBook::ComputeItemCost(listed.get(), &character, 0, size, cost);
@@ -259,21 +282,37 @@ bool BuyBest(DCharacter& character, int itemType, const QStringList& names) {
                 break;
             }
         }
-        DHandBook::AddChosenItemToCharacter(&character, item.get(), false);
-        DHandBook::ToggleItemCarryingStatus(&character, item.get(), false);
-        if (const auto* weapon = FCDynamicCast<DWeaponInfo>(row)) {
-            const int uses = DHandBook::GetCharacterWeaponUses(&character, weapon);
-            quint32 grip =
-                (uses & 1) ? DOffenseItem::kOffenseOneHand : DOffenseItem::kOffenseTwoHands;
-            if (DHandBook::IsWeaponLight(&character, weapon))
-                grip |= DOffenseItem::kOffenseLight;
-            character.AddOffenseToGroup(
-                0, DOffenseItem(DOffenseItem::kOffenseWeapon, item->GetItemId(), grip));
-        }
-        DHandBook::EquipItem(&character, item.get(), true);
+        TakeUp(character, item.get(), 0, true);
         return true;
     }
     return false;
+}
+
+// The gear its race shows a monster with ("Gear: Greatclub", "Gear: Hide"), made to its size:
+// armor and shield worn, the first weapon in hand, each weapon an attack routine of its own
+// after the natural ones.
+void GiveGear(DCharacter& monster) {
+    static const QString prefix = QStringLiteral("Gear: ");
+    bool armed = false;
+    for (const FCString& feature : monster.GetRace()->GetRaceFeatureArray()) {
+        const QString text = feature;
+        if (!text.startsWith(prefix))
+            continue;
+        for (const int itemType : {kItemWeapon, kItemArmor, kItemShield}) {
+            FCRef<DItemInfo> listed = Row(itemType, text.mid(prefix.size()));
+            if (!listed)
+                continue;
+            int size = -1;
+            FCRef<DItemInfo> fitted = Fitted(monster, listed.get(), size);
+            FCRef<DChosenItem> item(new DChosenItem);
+            item->SetItemInfo(fitted ? fitted.get() : listed.get());
+            const bool weapon = itemType == kItemWeapon;
+            TakeUp(monster, item.get(), monster.GetOffenseGroupArray().GetCount(),
+                   !weapon || !armed);
+            armed = armed || weapon;
+            break;
+        }
+    }
 }
 
 void BuyEquipment(DCharacter& character) {
@@ -397,6 +436,7 @@ DCharacter* DCharacterGenerator::GenerateMonster(DFileObject* race, int hitDice,
         for (int ability = 0; ability < kAbilityCount; ++ability)
             DHandBook::ChangeAbilityStatBase(monster.get(), DAbilityStatType(ability),
                                              kWarriorScores[ability], false);
+        GiveGear(*monster);
         return monster.release();
     }
     DHandBook::CharacterSetup(monster.get(), true);
@@ -418,5 +458,6 @@ DCharacter* DCharacterGenerator::GenerateMonster(DFileObject* race, int hitDice,
             TakeFeats(*monster, *raceClass, false);
         }
     }
+    GiveGear(*monster);
     return monster.release();
 }

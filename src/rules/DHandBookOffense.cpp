@@ -7,6 +7,7 @@
 #include "DCustomMagicItemInfo.h"
 #include "DDamageChangeInfo.h"
 #include "DDatabase.h"
+#include "DGuid.h"
 #include "DItemType.h"
 #include "DOffenseGroup.h"
 #include "DRace.h"
@@ -23,6 +24,14 @@
 namespace {
 
 using namespace DRuleGuids;
+
+// A feat taken for a weapon names the weapon table as its sub-target (1), as the editors and
+// ready races store it; one stored without a sub-target counts as well.
+bool hasWeaponFeat(const DCharacter& character, const QUuid& feat, const QUuid& weapon) {
+    QUuid weaponTable;
+    DGuid::SetLong(weaponTable, 1);
+    return character.HasFeat(feat, weapon, weaponTable) || character.HasFeat(feat, weapon);
+}
 
 constexpr QUuid kUnarmedWeapon = Guid("{C1A1E4F7-8D20-4CF7-A9A9-4D9DA567A6AF}");
 constexpr QUuid kLightFinesseWeapon = Guid("{D68A9C21-C5C1-4620-B2B0-9CD33AD415CA}");
@@ -235,7 +244,7 @@ QString DHandBook::BuildOffenseDamageString(DCharacter* character, const DOffens
 QString DHandBook::BuildWeaponCriticalString(DCharacter* character, const QUuid& weapon,
                                              const DWeaponCritValues& values, bool bothHeads) {
     int min = values.mCriticalMin;
-    if (character && character->HasFeat(kImprovedCriticalFeat, weapon)) {
+    if (character && hasWeaponFeat(*character, kImprovedCriticalFeat, weapon)) {
         // The threat range doubles: 20 becomes 19-20, 19-20 becomes 17-20.
         min = 2 * (min == 0 ? 20 : min) - 21;
     }
@@ -345,9 +354,9 @@ bool DHandBook::IsCharacterProfWithWeapon(DCharacter* character, const DWeaponIn
     case kSimpleWeapon:
         return character->HasFeat(kSimpleWeaponFeat);
     case kMartialWeapon:
-        return character->HasFeat(kMartialWeaponFeat, guid);
+        return hasWeaponFeat(*character, kMartialWeaponFeat, guid);
     case kExoticWeapon:
-        return character->HasFeat(kExoticWeaponFeat, guid);
+        return hasWeaponFeat(*character, kExoticWeaponFeat, guid);
     default:
         return false;
     }
@@ -363,7 +372,7 @@ bool DHandBook::DoesCharacterHaveFeatForOffense(DCharacter* character, const QUu
             return false;
         const QUuid guid = weapon->GetActsAsWeaponId().isNull() ? weapon->GetItemGuid()
                                                                 : weapon->GetActsAsWeaponId();
-        return !guid.isNull() && character->HasFeat(feat, guid);
+        return !guid.isNull() && hasWeaponFeat(*character, feat, guid);
     }
     const DAttackInfo* attack = character->GetAttack(offense.GetOffenseId());
     const int id = attack ? attack->GetItemId() : offense.GetOffenseId();
@@ -395,11 +404,10 @@ void DHandBook::GetAttackValues(DCharacter* character, int type, int id, int ran
     const DOffenseItem offense(type, id);
     // The feat table gives Weapon Finesse no target: taken so, it serves every natural attack
     // and every weapon that can be finessed, as the rules have it.
-    const bool finesse =
-        DoesCharacterHaveFeatForOffense(character, kWeaponFinesseFeat, offense) ||
-        (character->HasFeat(kWeaponFinesseFeat) &&
-         (type != DOffenseItem::kOffenseWeapon ||
-          CanFinesseWeapon(character, WeaponOf(character->GetItem(id)))));
+    const bool finesse = DoesCharacterHaveFeatForOffense(character, kWeaponFinesseFeat, offense) ||
+                         (character->HasFeat(kWeaponFinesseFeat) &&
+                          (type != DOffenseItem::kOffenseWeapon ||
+                           CanFinesseWeapon(character, WeaponOf(character->GetItem(id)))));
     if (finesse && character->GetAbilityStat(kAbilityDexterity) >
                        character->GetAbilityStat(kAbilityStrength)) {
         values[kOffenseAbilityUsed] = 1;

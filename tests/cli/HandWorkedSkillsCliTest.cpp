@@ -208,8 +208,8 @@ TEST_F(HandWorkedSkillsCli, MonstersSpendTheirTypesSkillPointsAsPublished) {
         // 11 ranks each (CON +5, WIS +3 and Alertness 2); Knowledge (any one) keeps its 11.
         {"Aboleth", 44, 11},
         // Giant 2 + INT 6 (-2) = 0, at least 1; 4 HD: 1 x 7. Listen and Spot +2 on WIS 10 are
-        // 2 ranks each; Climb +5 is STR 21 alone.
-        {"Ogre", 7, 3},
+        // 2 ranks each; Climb +5 in hide armor (-3) on STR 21 is 3 ranks.
+        {"Ogre", 7, 0},
         // Magical beast 2 + INT 2 (-4), at least 1; 5 HD: 1 x 8. Listen and Spot +8 on WIS 12
         // and Alertness would need 5 ranks each: the 8 points give 4 each, and +1 is racial.
         {"Owlbear", 8, 0},

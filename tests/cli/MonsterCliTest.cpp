@@ -3,6 +3,7 @@
 // 5 HD, taking Str +8, Dex -2, Con +4 and natural armor +3.
 #include "CliRunner.h"
 
+#include <QJsonArray>
 #include <QJsonObject>
 
 #include <gtest/gtest.h>
@@ -49,6 +50,19 @@ TEST_F(MonsterCli, AnAnkhegGrowsHugeAndBack) {
     EXPECT_EQ(back["size"].toString(), QStringLiteral("Large"));
     EXPECT_EQ(back["hp"].toInt(), base["hp"].toInt());
     EXPECT_EQ(back["abilities"].toObject(), base["abilities"].toObject());
+}
+
+TEST_F(MonsterCli, AnOgreFightsWithItsGreatclubInHide) {
+    // Large, Str 21, Dex 8, natural +5, in hide (+3): AC 10 - 1 - 1 + 5 + 3. The greatclub in
+    // two hands, made Large (2d8): 3 + 5 - 1 and Weapon Focus 1, Strength and a half; the
+    // javelin thrown (1d8 at Large): 3 - 1 (Dex) - 1, Strength once.
+    const QJsonObject ogre = Json({"show", "Ogre"});
+    EXPECT_EQ(ogre["ac"].toInt(), 16);
+    const QJsonArray attacks = ogre["attacks"].toArray();
+    ASSERT_EQ(attacks.size(), 2);
+    EXPECT_EQ(attacks[0].toObject()["text"].toString(), QStringLiteral("Greatclub +8 (2d8+7)"));
+    EXPECT_EQ(attacks[1].toObject()["text"].toString(),
+              QStringLiteral("Javelin +1 (1d8+5), range 30 ft"));
 }
 
 TEST_F(MonsterCli, AnUndeadWithoutConstitutionGrowsLarge) {

@@ -5,6 +5,8 @@
 #include "ItemsTestSupport.h"
 
 #include "DCharStatType.h"
+#include "DChosenFeat.h"
+#include "DGuid.h"
 #include "DOffenseGroup.h"
 #include "DWeaponInfo.h"
 
@@ -137,6 +139,30 @@ TEST_F(OffenseTest, WeaponFinesseServesWhatCanBeFinessed) {
             EXPECT_EQ(Bonus(*rogue, offense), finesse ? c.with : c.without) << c.weapon;
         }
     }
+}
+
+TEST_F(OffenseTest, WeaponFeatsStoredWithTheWeaponTableCount) {
+    // The editors and the ready races store a weapon feat's target with sub-target 1 (the
+    // weapon table). A fighter 1 with Str 10: a bastard sword unlearnt is at -4; Exotic Weapon
+    // Proficiency takes that away, Weapon Focus adds 1, Improved Critical doubles 19-20.
+    Ref<DCharacter> fighter = Make({QStringLiteral("Fighter")});
+    const QUuid sword = ItemGuid(kItemWeapon, QStringLiteral("Sword, bastard"));
+    const DOffenseItem offense =
+        Wield(*fighter, QStringLiteral("Sword, bastard"), DOffenseItem::kOffenseTwoHands);
+    EXPECT_EQ(Bonus(*fighter, offense), 1 - 4);
+    QUuid weaponTable;
+    DGuid::SetLong(weaponTable, 1);
+    for (const char* feat : {"Exotic Weapon Proficiency", "Weapon Focus", "Improved Critical"}) {
+        Ref<DChosenFeat> chosen(new DChosenFeat());
+        chosen->SetFeatGuid(FeatGuid(QString::fromLatin1(feat)));
+        chosen->SetTargetGuid(sword);
+        chosen->SetTargetSubGuid(weaponTable);
+        DHandBook::AddFeat(fighter.get(), true, chosen.get());
+    }
+    DHandBook::ComputeAndSetProficiencies(fighter.get());
+    EXPECT_EQ(Bonus(*fighter, offense), 1 + 1);
+    const DOffenseLine line = DHandBook::BuildOffenseLines(fighter.get()).value(0);
+    EXPECT_EQ(line.critical, QStringLiteral("17-20/x2"));
 }
 
 TEST_F(OffenseTest, CriticalAndRangeTexts) {

@@ -83,6 +83,7 @@ const char* const kGoodSource = "# a hill-giant-like test creature\n"
                                 "skill_ranks: Listen 5, Spot 0\n"
                                 "attacks: 2 claw 1d6, Bite 2d8\n"
                                 "attacks: touch touch ranged\n"
+                                "gear: greatclub; Shield, heavy wooden\n"
                                 "familiar_bonus: Move Silently +3, Ref +2, hit points +3, Cha +1\n"
                                 "feats: Alertness, Skill Focus (Craft (Alchemy))\n"
                                 "feats: \"Weapon Focus (Longbow, composite)\", "
@@ -188,6 +189,13 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
     EXPECT_FALSE(giant->GetOffenseGroupArray().At(0)->GetOffenseItemArray().At(1).HasOffenseFlag(
         DOffenseItem::kOffensePrimary));
 
+    // Gear is kept in words as the tables spell it; the creature knows the weapons it wields.
+    const QStringList features = {giant->GetRaceFeatureArray().begin(),
+                                  giant->GetRaceFeatureArray().end()};
+    EXPECT_TRUE(features.contains(QStringLiteral("Gear: Greatclub")));
+    EXPECT_TRUE(features.contains(QStringLiteral("Gear: Shield, heavy wooden")));
+    EXPECT_TRUE(giant->HasWeaponProf(guidOf("[info Weapons]", "Greatclub")));
+
     // Feats with each kind of target: none, a sub-skill, a weapon (sub-target 1 marks the
     // weapon table), a school by its id (Evocation is 5), and a name that holds parentheses.
     QUuid weaponTable;
@@ -279,6 +287,8 @@ TEST(CoreDataTool, FaultsNameFileAndLine) {
          "'headbutt' names no row of [types Race Attack]"},
         {"attack made no times", "attacks: 0 claw 1d6\n", 1, "at least once, not 0 times"},
         {"attack with an odd die", "attacks: bite 1d7\n", 1, "'d7' names no row of [types Dice]"},
+        {"unknown gear", "gear: Greatclub; Lightsaber\n", 1,
+         "'Lightsaber' names no row of [info Weapons], [info Armor] or [info Shield]"},
         {"familiar bonus without a number", "familiar_bonus: Listen\n", 1,
          "expected what the master gains and a bonus"},
         {"familiar bonus to no skill", "familiar_bonus: Basketry +3\n", 1,

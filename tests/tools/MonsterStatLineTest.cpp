@@ -184,8 +184,8 @@ QMap<QString, int> builtSkills(const DCharacter& monster) {
     return totals;
 }
 
-// Monsters whose published skill totals cannot be reached: armor worn, the speed's Jump
-// modifier, tools, and slips. data/core/README.md gives the reason for each.
+// Monsters whose published skill totals cannot be reached: the speed's Jump modifier, armor the
+// converter cannot name, tools, and slips. data/core/README.md gives the reason for each.
 const QSet<QString> kKnownSkillMisses = {"Adamantine Golem",
                                          "Atropal",
                                          "Azer",
@@ -196,7 +196,6 @@ const QSet<QString> kKnownSkillMisses = {"Adamantine Golem",
                                          "Couatl",
                                          "Criosphinx",
                                          "Earth Elemental, Primal",
-                                         "Fire Giant",
                                          "Formian Taskmaster",
                                          "Genius Loci",
                                          "Gibbering Orb",

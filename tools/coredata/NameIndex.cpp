@@ -33,6 +33,8 @@ const struct {
     {"[types Creature Treasure]", false},
     {"[types Dice]", false},
     {"[info Weapons]", true},
+    {"[info Armor]", true},
+    {"[info Shield]", true},
     {"[info Feat]", true},
     {"[info Spell Schools]", false},
 };
@@ -92,12 +94,25 @@ int NameIndex::FindId(const QString& table, const QString& name) const {
     return found;
 }
 
-QUuid NameIndex::FindGuid(const QString& table, const QString& name) const {
-    for (const Row& row : mTables.value(table)) {
+const NameIndex::Row* NameIndex::FindRow(const QString& table, const QString& name) const {
+    const auto rows = mTables.constFind(table);
+    if (rows == mTables.cend())
+        return nullptr;
+    for (const Row& row : *rows) {
         if (row.name.compare(name.trimmed(), Qt::CaseInsensitive) == 0)
-            return row.guid;
+            return &row;
     }
-    return {};
+    return nullptr;
+}
+
+QUuid NameIndex::FindGuid(const QString& table, const QString& name) const {
+    const Row* row = FindRow(table, name);
+    return row ? row->guid : QUuid();
+}
+
+QString NameIndex::FindName(const QString& table, const QString& name) const {
+    const Row* row = FindRow(table, name);
+    return row ? row->name : QString();
 }
 
 QStringList NameIndex::Names(const QString& table) const {

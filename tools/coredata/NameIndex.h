@@ -17,6 +17,8 @@ public:
     int FindId(const QString& table, const QString& name) const;
     // GUID of `name` in `table` ("[info Language]"), null if none.
     QUuid FindGuid(const QString& table, const QString& name) const;
+    // The name as `table` spells it, empty if none.
+    QString FindName(const QString& table, const QString& name) const;
     // The names a table holds, for a message that says what would have been accepted.
     QStringList Names(const QString& table) const;
 
@@ -47,6 +49,8 @@ private:
         int extra = 0;       // the feat target type for "[info Feat]"
         bool stacks = false; // "[info Feat]": may be taken again
     };
+    const Row* FindRow(const QString& table, const QString& name) const;
+
     QHash<QString, QList<Row>> mTables;
     QList<Skill> mSkills;
 };

@@ -122,6 +122,7 @@ QStringList RaceSourceReader::Keys() {
             "skills",
             "skill_ranks",
             "attacks",
+            "gear",
             "feats"};
 }
 
@@ -372,6 +373,8 @@ void RaceSourceReader::Apply(const QString& key, const QString& value, DRace& ra
         SetSkillRanks(value, race);
     else if (key == "attacks")
         AddAttackGroup(value, race);
+    else if (key == "gear")
+        SetGear(value, race);
     else if (key == "feats")
         SetFeats(value, race);
 }
@@ -585,6 +588,30 @@ void RaceSourceReader::AddAttackGroup(const QString& value, DRace& race) {
         const int id = race.AddAttack(attack.get());
         race.AddOffenseToGroup(
             group, DOffenseItem(DOffenseItem::kOffenseNatural, id, kNaturalAttackFlags));
+    }
+}
+
+// What the creature's stat block shows it carrying: rows of the weapon, armor and shield
+// tables, apart by ";" (their names hold commas). The record has no inventory, so each is the
+// racial feature "Gear: NAME", which a monster built from the race is given; the creature is
+// proficient with the weapons it is shown using.
+void RaceSourceReader::SetGear(const QString& value, DRace& race) {
+    for (const QString& raw : value.split(QLatin1Char(';'))) {
+        const QString name = raw.trimmed();
+        QString table, canonical;
+        for (const char* candidate : {"[info Weapons]", "[info Armor]", "[info Shield]"}) {
+            if (canonical.isEmpty()) {
+                table = QLatin1String(candidate);
+                canonical = mNames.FindName(table, name);
+            }
+        }
+        if (canonical.isEmpty())
+            Fail(QStringLiteral("'%1' names no row of [info Weapons], [info Armor] or "
+                                "[info Shield]")
+                     .arg(name));
+        if (table == QLatin1String("[info Weapons]"))
+            race.AddWeaponProf(GuidOf(table, name));
+        race.AddRaceFeature(FCString(QStringLiteral("Gear: %1").arg(canonical)));
     }
 }
 

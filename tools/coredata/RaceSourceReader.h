@@ -48,6 +48,7 @@ private:
     void SetSkills(const QString& value, DRace& race);
     void SetSkillRanks(const QString& value, DRace& race);
     void AddAttackGroup(const QString& value, DRace& race);
+    void SetGear(const QString& value, DRace& race);
     const NameIndex::Skill& SkillNamed(const QString& name) const;
     static DChosenSkill& RaceSkill(const NameIndex::Skill& skill, DRace& race);
     // "Alertness, Weapon Focus (Longsword)": racial feats, with a weapon, skill or school

@@ -112,6 +112,27 @@ ATTACK_NAMES = {"bite": "Bite", "claw": "Claw", "gore": "Gore", "slam": "Slam", 
 ATTACK = re.compile(r"^(?:(\d+)\s+)?([A-Za-z ]+?)\s+([+-]\d+)(?:/[+-]\d+)*\*?\s*(melee|ranged)?"
                     r"\s*(touch)?\*?\s*\(([^)]*)\)\s*(melee|ranged)?\s*(touch)?\s*$")
 
+# Armor as the Armor Class column names it, by the row of [info Armor] or [info Shield] it is,
+# and the proficiency flag wearing it asks for.
+ARMOR_NAMES = {"padded": ("Padded", "light armor"), "leather": ("Leather", "light armor"),
+               "studded leather": ("Studded leather", "light armor"),
+               "chain shirt": ("Chain shirt", "light armor"), "hide": ("Hide", "medium armor"),
+               "scale mail": ("Scale mail", "medium armor"),
+               "chainmail": ("Chainmail", "medium armor"),
+               "breastplate": ("Breastplate", "medium armor"),
+               "splint mail": ("Splint mail", "heavy armor"),
+               "banded mail": ("Banded mail", "heavy armor"),
+               "half-plate": ("Half-plate", "heavy armor"),
+               "full plate": ("Full plate", "heavy armor"), "buckler": ("Buckler", "shields"),
+               "light shield": ("Shield, light wooden", "shields"),
+               "light wooden shield": ("Shield, light wooden", "shields"),
+               "light steel shield": ("Shield, light steel", "shields"),
+               "heavy shield": ("Shield, heavy wooden", "shields"),
+               "heavy wooden shield": ("Shield, heavy wooden", "shields"),
+               "heavy steel shield": ("Shield, heavy steel", "shields"),
+               "tower shield": ("Shield, tower", "shields")}
+SIZE_WORDS = re.compile(r"^(?:fine|diminutive|tiny|small|medium|large|huge|gargantuan|colossal)\s+")
+
 WARRIOR = re.compile(r"^(.*), 1st-Level Warrior$")
 WARRIOR_SCORES = {"Str": 13, "Dex": 11, "Con": 12, "Int": 10, "Wis": 9, "Cha": 8}
 # What a warrior's block holds that is not the race's: its class dice and its chosen feats. Its
@@ -267,6 +288,10 @@ class Converter:
         self.schools = {n.lower(): n for n in read_names(rows_dir, "info Spell Schools")}
         skill_rows = read_rows(rows_dir, "info Skill")
         self.skill_ability = {r["Name"]: int(r["StatId"]) for r in skill_rows}
+        self.armor_check_skills = {r["Name"] for r in skill_rows if r["ACPen"] == "1"}
+        self.check_penalty = {r["Name"]: int(r["CheckPenalty"] or 0)
+                              for table in ("info Armor", "info Shield")
+                              for r in read_rows(rows_dir, table)}
         self.multi_skills = {r["Name"] for r in skill_rows if r["IsMulti"] == "1"}
         self.feat_skill_bonus = collections.defaultdict(list)
         for r in read_rows(rows_dir, "info Feat Bonuses"):
@@ -434,10 +459,11 @@ class Converter:
         if groups:
             out.insert(2, "# published attacks: " + " | ".join(shown for _, shown in groups))
 
+        gear, armor_flags = self.gear(row)
         totals = self.published_skills(row)
         if totals:
             ranks, racial, unreachable = self.skill_split(
-                totals, size, number(hd.group(1)), ab, taken, seen, points)
+                totals, size, number(hd.group(1)), ab, taken, seen, points, gear)
             for skill in unreachable:
                 self.skill_misses.append((name, "%s %+d" % (skill, totals[skill])))
             out.insert(2, "# published skills: " + ", ".join(
@@ -497,8 +523,11 @@ class Converter:
         else:
             self.gap("environment with no climate")
 
-        if name in COMPANION_FLAGS:
-            out.append("flags: " + ", ".join(COMPANION_FLAGS[name]))
+        if gear:
+            out.append("gear: " + "; ".join(gear))
+        flags = COMPANION_FLAGS.get(name, []) + armor_flags
+        if flags:
+            out.append("flags: " + ", ".join(flags))
         if name in FAMILIAR_BONUS:
             out.append("familiar_bonus: " + FAMILIAR_BONUS[name])
         if taken:
@@ -660,6 +689,46 @@ class Converter:
         per_die = max(1, self.type_skill_points[ctype] + (int(intelligence) - 10) // 2)
         return per_die * (max(1, int(hit_dice)) + 3)
 
+    def weapon_name(self, text):
+        """The [info Weapons] row a stat block's weapon stands for, or None: a size word,
+        "masterwork", plurals and a mighty bow's Strength rating are dropped; a magic weapon
+        is none of the table's rows."""
+        low = re.sub(r"\s*\([^)]*\)", "", text.strip().lower())
+        if low.startswith("+"):
+            return None
+        low = SIZE_WORDS.sub("", re.sub(r"^masterwork\s+", "", low))
+        for name in (low, re.sub(r"s$", "", low)):
+            name = WEAPON_ALIASES.get(name, name).lower()
+            words = name.split()
+            # "light crossbow" is the table's "Crossbow, light".
+            flipped = "%s, %s" % (words[-1], " ".join(words[:-1])) if len(words) > 1 else name
+            for candidate in (name, flipped):
+                if candidate in self.weapons:
+                    return self.weapons[candidate]
+        return None
+
+    def gear(self, row):
+        """The weapons of the Full Attack column and the armor and shields of the Armor Class
+        column, as the rows of the item tables they are, with the proficiency flags wearing the
+        armor asks for."""
+        names, flags = [], []
+        text = row["Full Attack"].replace("\u2212", "-").replace("\u2013", "-")
+        for routine in re.split(r";?\s+or\s+", text):
+            for part in split_top(routine, ","):
+                for item in re.split(r"\s+and\s+", part):
+                    m = re.match(r"^(?:and\s+)?(?:\d+\s+)?(.+?)\s+[+-]\d+", item.strip())
+                    weapon = self.weapon_name(m.group(1)) if m else None
+                    if weapon and weapon not in names:
+                        names.append(weapon)
+        for m in re.finditer(r"\+\d+\s+([a-z][a-z -]*?)(?:\s+armor)?\s*(?=,|\)|$)",
+                             row["Armor Class"].lower()):
+            armor = ARMOR_NAMES.get(m.group(1).strip())
+            if armor and armor[0] not in names:
+                names.append(armor[0])
+                if armor[1] not in flags:
+                    flags.append(armor[1])
+        return names, flags
+
     def attack_groups(self, row):
         """The Full Attack column's routines of natural attacks, each as an `attacks` value:
         "2 Claw 1d6, Bite 1d8", the primary attack first, as the block lists it, with the
@@ -745,10 +814,10 @@ class Converter:
                 totals.setdefault(name, int(m.group(2)))
         return totals
 
-    def skill_split(self, totals, size, hit_dice, ab, feats, speed_kinds, points):
+    def skill_split(self, totals, size, hit_dice, ab, feats, speed_kinds, points, gear):
         """Ranks and racial bonuses that give the published skill totals, as the engine adds
-        them up: the key ability's modifier, the size's Hide modifier, the feats' bonuses and a
-        +2 synergy from 5 ranks. A swim or climb speed gives +8 on Swim or Climb. Of the rest,
+        them up: the key ability's modifier, the size's Hide modifier, the feats' bonuses, the
+        check penalty of the armor and shield in `gear` and a +2 synergy from 5 ranks. A swim or climb speed gives +8 on Swim or Climb. Of the rest,
         ranks go up to HD + 3 per skill and as far as the creature's skill points reach,
         taken off the highest first; what is left is racial. A creature of one hit die or
         less earns no points on its racial die in the engine (a class level takes it over),
@@ -761,6 +830,8 @@ class Converter:
                 feat_bonus[focus.group(1)] += self.skill_focus * times
             for skill, amount in self.feat_skill_bonus.get(entry, []):
                 feat_bonus[skill] += amount * times
+        # Armor and shield worn take their check penalties off the skills they hamper.
+        penalty = sum(self.check_penalty.get(item, 0) for item in gear)
         fixed, speed_bonus = {}, {}
         for name in totals:
             base = name.split(" (")[0]
@@ -772,7 +843,7 @@ class Converter:
                 score = ab[ABILITIES[ability]]
                 mod = int(score) // 2 - 5 if score.isdigit() else 0
             fixed[name] = mod + self.size_skill_bonus.get(size, {}).get(base, 0) + \
-                feat_bonus[name]
+                feat_bonus[name] + (penalty if base in self.armor_check_skills else 0)
             speed_bonus[name] = next((SPEED_SKILL_BONUS for kind, skill in SPEED_SKILLS.items()
                                       if skill == name and kind in speed_kinds), 0)
         cap = max(1, int(hit_dice)) + 3
