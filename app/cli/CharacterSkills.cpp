@@ -241,7 +241,8 @@ QString CharacterSkills::FeatTarget(const DFeatInfo& info, const QUuid& target,
     switch (info.GetFeatTargetType()) {
     case kTargetWeapon: {
         const auto* weapon = static_cast<const DItemInfo*>(DDatabase::GetWeaponInfo(target));
-        return weapon ? QString(weapon->GetItemName()) : QString();
+        return weapon ? QString(weapon->GetItemName())
+                      : DRulesQuery::NaturalAttackTarget(target, subTarget);
     }
     case kTargetSkill:
         return SkillText(target, subTarget);

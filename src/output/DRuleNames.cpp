@@ -80,6 +80,9 @@ QString DRuleNames::FeatDescription(const DChosenFeat& feat) {
             if (const auto* weapon =
                     static_cast<const DItemInfo*>(DDatabase::GetWeaponInfo(feat.GetTargetGuid())))
                 target = weapon->GetItemName();
+            else
+                target =
+                    DRulesQuery::NaturalAttackTarget(feat.GetTargetGuid(), feat.GetTargetSubGuid());
             break;
         case kTargetSkill:
             target = SkillDescription(feat.GetTargetGuid(), feat.GetTargetSubGuid());

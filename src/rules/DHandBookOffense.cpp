@@ -431,6 +431,9 @@ int DHandBook::GetOffenseBonus(DCharacter* character, const DOffenseItem& offens
             if (character->HasFeat(kMultiattackFeat))
                 values[kOffenseFeat] += 3;
         }
+        // Weapon Focus in a kind of natural attack (bite, claw) serves it as it serves a weapon.
+        if (DoesCharacterHaveFeatForOffense(character, kWeaponTargetFeat, offense))
+            values[kOffenseFeat] += 1;
         return values.Total();
     }
     DChosenItem* item = character->GetItem(offense.GetOffenseId());

@@ -1,7 +1,10 @@
 #include "DRulesQuery.h"
 
+#include "DAttackInfo.h"
 #include "DDatabase.h"
 #include "DFailureReporter.h"
+#include "DGuid.h"
+#include "DNaturalAttackKind.h"
 #include "Guid.h"
 #include "ResultSet.h"
 
@@ -27,4 +30,13 @@ QString DRulesQuery::NameByGuid(int table, const QUuid& guid) {
                                           Table(table).constData(), Guid(guid).constData()),
                         [&name](odbc::ResultSet* row) { name = row->getString(1); });
     return name;
+}
+
+QString DRulesQuery::NaturalAttackTarget(const QUuid& target, const QUuid& subTarget) {
+    const int kind = DNaturalAttackKind::Kind(DGuid::GetLong(target));
+    if (kind < 0 || !subTarget.isNull())
+        return QString();
+    DAttackInfo attack;
+    attack.SetAttackTypeId(kind);
+    return attack.GetAttackDescription();
 }

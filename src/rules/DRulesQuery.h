@@ -19,4 +19,7 @@ public:
     static QByteArray Guid(const QUuid& guid);
     // The Name of the row of `table` whose Guid is `guid`; the GUID's text if there is none.
     static QString NameByGuid(int table, const QUuid& guid);
+    // The kind of natural attack a weapon feat's target names ("Bite" for Weapon Focus (bite));
+    // empty when the target is no natural attack.
+    static QString NaturalAttackTarget(const QUuid& target, const QUuid& subTarget);
 };

@@ -6,6 +6,7 @@
 #include "DChosenSpeed.h"
 #include "DFamiliarBonus.h"
 #include "DGuid.h"
+#include "DNaturalAttackKind.h"
 #include "DOffenseGroup.h"
 #include "DOffenseItem.h"
 #include "DRace.h"
@@ -88,7 +89,7 @@ const char* const kGoodSource = "# a hill-giant-like test creature\n"
                                 "feats: Alertness, Skill Focus (Craft (Alchemy))\n"
                                 "feats: \"Weapon Focus (Longbow, composite)\", "
                                 "Spell Focus (Evocation), Armor Proficiency (Light)\n"
-                                "feats: Toughness x3\n";
+                                "feats: Toughness x3, Weapon Focus (claw)\n";
 
 } // namespace
 
@@ -178,6 +179,7 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
         ASSERT_NE(attack, nullptr);
         EXPECT_EQ(attack->GetOffenseCount(), expected.count);
         EXPECT_EQ(attack->GetAttackTypeId(), expected.type);
+        EXPECT_EQ(attack->GetItemId(), DNaturalAttackKind::ItemId(expected.type));
         EXPECT_EQ(attack->GetDamageDieCount(), expected.dice);
         EXPECT_EQ(attack->GetDamageDieId(), expected.die);
         EXPECT_EQ(attack->GetAttackRangeIsTouch(), expected.touch);
@@ -202,7 +204,11 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
     DGuid::SetLong(weaponTable, 1);
     QUuid evocation;
     DGuid::SetLong(evocation, 5);
-    EXPECT_EQ(giant->GetFeatSet().GetCount(), 6);
+    EXPECT_EQ(giant->GetFeatSet().GetCount(), 7);
+    // A natural weapon as the target: every claw ("[types Race Attack]" 1), as a natural attack
+    // (sub-target 0) names it.
+    EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Weapon Focus"), DNaturalAttackKind::ItemId(1),
+                               DOffenseItem::kOffenseNatural));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Alertness")));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Skill Focus"), craft, alchemy));
     EXPECT_TRUE(giant->HasFeat(guidOf("[info Feat]", "Weapon Focus"),

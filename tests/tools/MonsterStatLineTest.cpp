@@ -288,6 +288,9 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
         // Tiny, base attack 0, Str 3, Dex 15, Weapon Finesse: claws 0 + 2 + 2 = +4 with the
         // whole -4 on damage; bite +4 - 5, a penalty not halved.
         {"Cat", "+4 1d2-4, -1 1d3-4"},
+        // Medium, base attack 1, Str 13, Weapon Focus (bite): 1 + 1 + 1; a lone bite adds one
+        // and a half times Str +1, rounded down.
+        {"Wolf", "+3 1d6+1"},
     };
     for (const auto& c : attackChecked) {
         FCRef<DCharacter> monster = Monster(QString::fromUtf8(c.race));
@@ -366,9 +369,9 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
     // The known misses bound the share from below.
     EXPECT_GE(matching * 100, measured * 91);
     EXPECT_GE(skillsMatching * 100, withSkills * 95);
-    // Natural attacks miss where a feat names a natural weapon (Weapon Focus (bite)), which the
-    // race keeps in words, and where the blocks slip (data/core/README.md).
-    EXPECT_GE(attacksMatching * 100, withAttacks * 80);
+    // Natural attacks miss where a feat the record cannot hold (Improved Natural Attack) or an
+    // aura counts, and where the blocks slip (data/core/README.md).
+    EXPECT_GE(attacksMatching * 100, withAttacks * 88);
 }
 
 } // namespace

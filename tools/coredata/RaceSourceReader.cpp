@@ -10,6 +10,7 @@
 #include "DChosenSpeed.h"
 #include "DFamiliarBonus.h"
 #include "DGuid.h"
+#include "DNaturalAttackKind.h"
 #include "DOffenseGroup.h"
 #include "DOffenseItem.h"
 #include "DRace.h"
@@ -579,6 +580,7 @@ void RaceSourceReader::AddAttackGroup(const QString& value, DRace& race) {
             Fail(QStringLiteral("an attack is made at least once, not %1 times")
                      .arg(attack->GetOffenseCount()));
         attack->SetAttackTypeId(Id("[types Race Attack]", match.captured(2)));
+        attack->SetItemId(DNaturalAttackKind::ItemId(attack->GetAttackTypeId()));
         if (!match.captured(3).isEmpty()) {
             attack->SetDamageDieCount(Integer(match.captured(3)));
             attack->SetDamageDieId(Id("[types Dice]", QStringLiteral("d") + match.captured(4)));
@@ -705,6 +707,14 @@ void RaceSourceReader::SetFeatTarget(DChosenFeat& feat, const QString& featName,
         Fail(QStringLiteral("%1 needs a target in parentheses, such as '%1 (...)'").arg(featName));
     switch (type) {
     case kFeatTargetWeapon: {
+        // A natural weapon: every attack of that kind (sub-target 0, a natural attack).
+        if (mNames.FindGuid(QStringLiteral("[info Weapons]"), target).isNull() &&
+            mNames.FindId(QStringLiteral("[types Race Attack]"), target) >= 0) {
+            QUuid kind;
+            DGuid::SetLong(kind, DNaturalAttackKind::ItemId(Id("[types Race Attack]", target)));
+            feat.SetTargetGuid(kind);
+            return;
+        }
         feat.SetTargetGuid(GuidOf("[info Weapons]", target));
         // Sub-target 1: the target is a row of the weapon table.
         QUuid weaponTable;

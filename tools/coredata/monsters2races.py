@@ -628,7 +628,9 @@ class Converter:
             return None
         if kind == TARGET_WEAPON:
             low = target.lower()
-            found = self.weapons.get(WEAPON_ALIASES.get(low, low).lower())
+            # A natural weapon (Weapon Focus (bite)) names every attack of its kind.
+            found = self.weapons.get(WEAPON_ALIASES.get(low, low).lower()) or \
+                self.attack_kind(low)
         elif kind == TARGET_SKILL:
             found = self.skills.get(target.replace("[", "(").replace("]", ")").lower())
         elif kind == TARGET_SCHOOL:
@@ -689,6 +691,13 @@ class Converter:
         per_die = max(1, self.type_skill_points[ctype] + (int(intelligence) - 10) // 2)
         return per_die * (max(1, int(hit_dice)) + 3)
 
+    @staticmethod
+    def attack_kind(name):
+        """The "[types Race Attack]" row a natural attack's name stands for ("claws": Claw)."""
+        return next((ATTACK_NAMES[n] for n in (name, re.sub(r"s$", "", name),
+                                               re.sub(r"es$", "", name)) if n in ATTACK_NAMES),
+                    None)
+
     def weapon_name(self, text):
         """The [info Weapons] row a stat block's weapon stands for, or None: a size word,
         "masterwork", plurals and a mighty bow's Strength rating are dropped; a magic weapon
@@ -748,9 +757,7 @@ class Converter:
                     ok = False
                     break
                 name = m.group(2).strip().lower()
-                kind = next((ATTACK_NAMES[n] for n in (name, re.sub(r"s$", "", name),
-                                                        re.sub(r"es$", "", name))
-                             if n in ATTACK_NAMES), None)
+                kind = self.attack_kind(name)
                 if not kind:
                     ok = False
                     break
