@@ -4,6 +4,7 @@
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "DCharacter.h"
+#include "DCharacterGenerator.h"
 #include "DCharacterXml.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
@@ -69,7 +70,7 @@ QString StatblockCommand::Help() const {
                "  hoard %1 --race NAME [--format FORMAT] [--style NAME] %2\n\n"
                "Writes the document of the character or monster and applies a style sheet of\n"
                "its kind (xml/Character or xml/Monster of the data folder, or of the user\n"
-               "folder). --race builds a monster straight from the ready race NAME.\n"
+               "folder). --race builds the ready monster NAME as 'monster show' does.\n"
                "FORMAT: text (\"Stat Block.xsl\"), html (\"Stat Block (HTML).xsl\"), md\n"
                "(\"Stat Block (Markdown).xsl\"), xml (the document itself) or pdf (the HTML laid\n"
                "out on pages). --style names another sheet of the folder, with or without .xsl.\n"
@@ -135,16 +136,10 @@ DCharacter* StatblockCommand::LoadSubject(CliContext& context, const QString& fi
                                    CliLookup::ClosestNames(raceName, CliLookup::RaceNames(), 3)));
         return nullptr;
     }
-    auto* character = new DCharacter();
-    character->SetCharacterName(entry->GetBaseFileName());
-    DHandBook::SetupCharacterWithRace(character, entry);
-    if (!character->GetRace()) {
-        character->Release();
-        CliContext::Fail(
-            QStringLiteral("the race file %1 cannot be read").arg(entry->GetAccessFilePath()));
-        return nullptr;
-    }
-    DHandBook::CharacterSetup(character, true);
+    // Built as 'monster show' builds it: with its gear, a race of no hit dice as a warrior.
+    DCharacter* character = DCharacterGenerator::GenerateMonster(entry, 0, error);
+    if (!character)
+        CliContext::Fail(QStringLiteral("%1: %2").arg(entry->GetAccessFilePath(), error));
     return character;
 }
 
