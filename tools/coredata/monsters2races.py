@@ -700,6 +700,11 @@ class Converter:
                                                re.sub(r"es$", "", name)) if n in ATTACK_NAMES),
                     None)
 
+    def first_weapon(self, row):
+        """The first weapon of the creature's gear, or None."""
+        gear, _ = self.gear(row)
+        return next((g for g in gear if g in self.weapons.values()), None)
+
     def weapon_name(self, text):
         """The [info Weapons] row a stat block's weapon stands for, or None: a size word,
         "masterwork", plurals and a mighty bow's Strength rating are dropped; a magic weapon
@@ -743,16 +748,17 @@ class Converter:
     def attack_groups(self, row):
         """The Full Attack column's routines of natural attacks, each as an `attacks` value:
         "2 Claw 1d6, Bite 1d8", the primary attack first, as the block lists it, with the
-        block's own figures ("Claw +9 1d6+5, Bite +4 1d8+2"). A routine with a weapon in it is
-        left out (weapons are items, not the race's); so is an attack the table has no row
-        for."""
+        block's own figures ("Claw +9 1d6+5, Bite +4 1d8+2"). A routine led by the creature's
+        first weapon is written "weapon, Gore 1d8"; any other routine with a weapon in it is
+        left out (weapons are items, not the race's: they come with its gear); so is an attack
+        the table has no row for."""
         groups = []
         text = row["Full Attack"].replace("\u2212", "-").replace("\u2013", "-")
         for routine in re.split(r";?\s+or\s+", text):
             items = [i for part in split_top(routine, ",") for i in
                      re.split(r"\s+and\s+", part) if i.strip()]
             out, shown, ok = [], [], bool(items)
-            for item in items:
+            for index, item in enumerate(items):
                 item = re.sub(r"^and\s+", "", item.strip())
                 m = ATTACK.match(item)
                 if not m:
@@ -760,6 +766,15 @@ class Converter:
                     break
                 name = m.group(2).strip().lower()
                 kind = self.attack_kind(name)
+                # A routine led by one plain weapon ("greataxe and gore") is fought beside the
+                # first weapon of the creature's gear, which is that one.
+                if not kind and index == 0 and len(items) > 1 and not m.group(1) and \
+                        self.weapon_name(m.group(2)) == self.first_weapon(row):
+                    damage = re.match(r"^\s*(\d+d\d+(?:[+-]\d+)?)", m.group(6))
+                    out.append("weapon")
+                    shown.append("%s %+d %s" % (self.weapon_name(m.group(2)), int(m.group(3)),
+                                                damage.group(1) if damage else "-"))
+                    continue
                 if not kind:
                     ok = False
                     break
@@ -776,7 +791,7 @@ class Converter:
                     (["%sd%s" % damage.group(2, 3)] if damage else []) + words))
                 shown.append("%s %+d %s" % (kind, int(m.group(3)),
                                             damage.group(1) if damage else "-"))
-            if ok:
+            if ok and out != ["weapon"]:
                 groups.append((", ".join(out), ", ".join(shown)))
             else:
                 self.gap("attack routine with a weapon or an unknown attack (left out)")
