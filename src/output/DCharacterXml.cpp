@@ -1,5 +1,6 @@
 #include "DCharacterXml.h"
 
+#include "DAdjChosenSpeed.h"
 #include "DAlignmentInfo.h"
 #include "DCharHistory.h"
 #include "DCharStatType.h"
@@ -421,11 +422,20 @@ private:
         const QList<DOffenseLine> lines = DHandBook::BuildOffenseLines(mCharacter);
         if (lines.isEmpty())
             return;
-        mXml.Text("attack", StatBlockAttack(lines.first(), false));
-        QStringList full;
-        for (const DOffenseLine& line : lines)
-            full << StatBlockAttack(line, true);
-        mXml.Text("full-attack", full.join(QStringLiteral(" and ")));
+        // Attacks of one routine are made together ("and"); routines are alternatives ("or").
+        // The single attack is each routine's first.
+        QStringList single, routines, together;
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            if (i == 0 || lines[i].group != lines[i - 1].group)
+                single << StatBlockAttack(lines[i], false);
+            together << StatBlockAttack(lines[i], true);
+            if (i + 1 == lines.size() || lines[i + 1].group != lines[i].group) {
+                routines << together.join(QStringLiteral(" and "));
+                together.clear();
+            }
+        }
+        mXml.Text("attack", single.join(QStringLiteral(" or ")));
+        mXml.Text("full-attack", routines.join(QStringLiteral(" or ")));
         mXml.Open("weapons");
         for (const DOffenseLine& line : lines) {
             mXml.Open("weapon");
@@ -471,6 +481,10 @@ private:
             mXml.Open("speed");
             mXml.Text("name", mNames.ById("[info Speed]", speed->GetSpeedId()));
             mXml.Number("value", speed->GetSpeedValue());
+            // Armor or load that slows the creature: the pace it has now beside its own.
+            if (const auto* adjusted = FCDynamicCast<DAdjChosenSpeed>(speed);
+                adjusted && adjusted->GetAdjSpeedValue() != speed->GetSpeedValue())
+                mXml.Number("adjusted", adjusted->GetAdjSpeedValue());
             if (speed->GetSpeedModId() > 0) {
                 const QString maneuver = mNames.ById("[types Speed]", speed->GetSpeedModId());
                 if (!maneuver.isEmpty())

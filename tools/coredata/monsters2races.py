@@ -130,7 +130,9 @@ ARMOR_NAMES = {"padded": ("Padded", "light armor"), "leather": ("Leather", "ligh
                "heavy shield": ("Shield, heavy wooden", "shields"),
                "heavy wooden shield": ("Shield, heavy wooden", "shields"),
                "heavy steel shield": ("Shield, heavy steel", "shields"),
-               "tower shield": ("Shield, tower", "shields")}
+               "tower shield": ("Shield, tower", "shields"),
+               # The azer's column is cut after "+2 heavy"; its total (23) counts the shield.
+               "heavy": ("Shield, heavy wooden", "shields")}
 SIZE_WORDS = re.compile(r"^(?:fine|diminutive|tiny|small|medium|large|huge|gargantuan|colossal)\s+")
 
 WARRIOR = re.compile(r"^(.*), 1st-Level Warrior$")

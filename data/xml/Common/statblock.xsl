@@ -43,19 +43,27 @@
     <xsl:value-of select="concat(' (', hit-points, ' hp)')"/>
   </xsl:template>
 
-  <!-- "40 ft. (8 squares), climb 20 ft., fly 60 ft. (good)" -->
+  <!-- "40 ft. (8 squares), climb 20 ft., fly 60 ft. (good)"; slowed by armor or load on land:
+       "30 ft. in armor (6 squares); base speed 40 ft." -->
   <xsl:template name="sb-speed">
     <xsl:for-each select="speeds/speed">
       <xsl:if test="position() &gt; 1"><xsl:text>, </xsl:text></xsl:if>
       <xsl:if test="name != 'Land'">
         <xsl:value-of select="concat(translate(name, $sb-upper, $sb-lower), ' ')"/>
       </xsl:if>
-      <xsl:value-of select="concat(value, ' ft.')"/>
       <xsl:choose>
-        <xsl:when test="maneuverability">
-          <xsl:value-of select="concat(' (', translate(maneuverability, $sb-upper, $sb-lower), ')')"/>
+        <xsl:when test="name = 'Land' and adjusted">
+          <xsl:value-of select="concat(adjusted, ' ft. in armor (', floor(adjusted div 5), ' squares); base speed ', value, ' ft.')"/>
         </xsl:when>
-        <xsl:when test="name = 'Land'"><xsl:value-of select="concat(' (', floor(value div 5), ' squares)')"/></xsl:when>
+        <xsl:otherwise>
+          <xsl:value-of select="concat(value, ' ft.')"/>
+          <xsl:choose>
+            <xsl:when test="maneuverability">
+              <xsl:value-of select="concat(' (', translate(maneuverability, $sb-upper, $sb-lower), ')')"/>
+            </xsl:when>
+            <xsl:when test="name = 'Land'"><xsl:value-of select="concat(' (', floor(value div 5), ' squares)')"/></xsl:when>
+          </xsl:choose>
+        </xsl:otherwise>
       </xsl:choose>
     </xsl:for-each>
   </xsl:template>
