@@ -402,7 +402,8 @@ bool checkMagicRequest(const AddRequest& request, QString& error) {
 // A copy of the item of the treasure file named `name` (its description, any case) or "#N"
 // (the Nth item); null with the reason when there is none.
 DChosenItem* takeFromTreasure(const QString& path, const QString& name, QString& error) {
-    FCRef<DTreasure> treasure(DTreasure::CreateFromFile(path));
+    // A relative name is the user's, from where the command runs, not one of the data folder.
+    FCRef<DTreasure> treasure(DTreasure::CreateFromFile(QFileInfo(path).absoluteFilePath()));
     if (!treasure) {
         error = QStringLiteral("%1 is not a readable treasure file").arg(path);
         return nullptr;

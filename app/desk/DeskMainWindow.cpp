@@ -186,7 +186,7 @@ void DeskMainWindow::ChooseFileToOpen() {
 }
 
 QWidget* DeskMainWindow::OpenTreasure(const QString& path) {
-    FCRef<DTreasure> treasure(DTreasure::CreateFromFile(path));
+    FCRef<DTreasure> treasure(DTreasure::CreateFromFile(QFileInfo(path).absoluteFilePath()));
     if (!treasure) {
         QMessageBox::warning(this, tr("Open"), tr("%1 is not a readable treasure file.").arg(path));
         return nullptr;
