@@ -99,7 +99,7 @@ int main(int argc, char* argv[]) {
         "KIND");
     parser.addOptions({dataOption, userOption, dbOption, quitOption, grabOption, statBlockOption,
                        previewOption, tablesOption, generatorOption});
-    parser.addPositionalArgument("file", "A character file to open.", "[file]");
+    parser.addPositionalArgument("file", "A character or treasure file to open.", "[file]");
     parser.process(app);
 
     DOptions::mAppPath = FCString(QDir(parser.value(dataOption)).absolutePath());
@@ -109,12 +109,19 @@ int main(int argc, char* argv[]) {
         parser.isSet(dbOption) ? parser.value(dbOption) : DOptions::mAppPath + "/rules.db";
     DeskMainWindow window(database);
     window.show();
-    if (!parser.positionalArguments().isEmpty())
-        window.OpenFile(parser.positionalArguments().first());
+    QWidget* tables = nullptr;
+    if (!parser.positionalArguments().isEmpty()) {
+        const QString file = parser.positionalArguments().first();
+        // A treasure opens in its own window, which is then what a picture shows.
+        if (file.endsWith(QStringLiteral(".trs"), Qt::CaseInsensitive))
+            tables = window.OpenTreasure(file);
+        else
+            window.OpenFile(file);
+    }
     if (parser.isSet(statBlockOption))
         window.ShowStatBlockTab();
-    QWidget* tables =
-        parser.isSet(tablesOption) ? window.OpenTables(parser.value(tablesOption)) : nullptr;
+    if (parser.isSet(tablesOption))
+        tables = window.OpenTables(parser.value(tablesOption));
     if (auto* frame = qobject_cast<TableGenFrame*>(tables); frame && parser.isSet(statBlockOption))
         frame->ShowStatBlockTab();
     if (parser.isSet(generatorOption)) {
