@@ -61,6 +61,14 @@ TEST_F(EquipmentTest, ArmorAndShieldEnhancementsBothCount) {
     DHandBook::EquipItem(character.get(), mail, true);
     DHandBook::EquipItem(character.get(), shield, true);
     EXPECT_EQ(character->GetCharacterStat(kStatArmorClass), 10 + 2 + 6 + 3);
+    // The enhancements are part of the armor and shield bonuses, which touch attacks pass by.
+    EXPECT_EQ(DHandBook::GetTouchArmorClass(character.get()), 10 + 2);
+    EXPECT_EQ(DHandBook::GetFlatFootedArmorClass(character.get()), 10 + 6 + 3);
+    DACValues parts;
+    DHandBook::GetArmorClassValues(character.get(), parts);
+    EXPECT_EQ(parts.armor, 6);
+    EXPECT_EQ(parts.shield, 3);
+    EXPECT_EQ(parts.magic, 0);
     EXPECT_EQ(character->GetCharacterStat(kStatArmorCheckPenalty), -5 - 2);
     EXPECT_EQ(character->GetCharacterStat(kStatMaxDexterityBonus), 2);
     EXPECT_EQ(DHandBook::GetArcaneSpellFailure(character.get()), 30 + 15);
