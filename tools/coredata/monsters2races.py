@@ -534,6 +534,10 @@ class Converter:
             out.append("familiar_bonus: " + FAMILIAR_BONUS[name])
         if taken:
             out.append("feats: " + ", ".join(self.feat_text(f, n) for f, n in taken.items()))
+        # The record has no field for it; a player who takes the race as a character needs it.
+        adjustment = row["Level Adjustment"].strip()
+        if re.match(r"^[+-]\d", adjustment):
+            out.append("feature: Level adjustment: " + adjustment)
         for f in feats:
             out.append("feature: " + f)
         for f in feat_words:
