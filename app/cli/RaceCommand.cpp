@@ -1,14 +1,20 @@
 #include "RaceCommand.h"
 
+#include "CharacterSkills.h"
 #include "CliContext.h"
 #include "CliLookup.h"
 #include "Connection.h"
+#include "DAttackInfo.h"
+#include "DChosenFeat.h"
 #include "DChosenLanguage.h"
+#include "DChosenSkill.h"
 #include "DChosenSpeed.h"
 #include "DDatabase.h"
 #include "DFamiliarBonus.h"
 #include "DFileObject.h"
+#include "DHandBook.h"
 #include "DObjectManager.h"
+#include "DOffenseGroup.h"
 #include "DRace.h"
 #include "DRaceAdvance.h"
 #include "DSpecialAttack.h"
@@ -248,8 +254,45 @@ QJsonObject raceJson(const DRace& race, const DFileObject& entry, RowNames& name
                                   : QStringLiteral("+%1").arg(bonus->GetBonus())));
     }
     out["familiar_bonus"] = familiarBonuses;
-    out["skills"] = race.GetSkillSet().GetCount();
-    out["feats"] = race.GetFeatSet().GetCount();
+    // Skills with the ranks the racial hit dice buy and the racial bonus, feats by name, and
+    // the natural attack routines: "2 Claw 1d6, Bite 1d8".
+    QJsonArray skills, feats, routines;
+    for (const auto& skill : race.GetSkillSet()) {
+        QStringList parts;
+        const float ranks = skill->GetRanks(race.GetClassGuid());
+        if (ranks > 0.0f)
+            parts << QStringLiteral("%1 ranks").arg(double(ranks));
+        if (skill->GetRaceMod() != 0)
+            parts << QStringLiteral("racial %1").arg(QString::asprintf("%+d", skill->GetRaceMod()));
+        skills.append(
+            CharacterSkills::SkillText(skill->GetSkillId(), skill->GetSubSkillId()) +
+            (parts.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(parts.join(", "))));
+    }
+    for (const auto& feat : race.GetFeatSet())
+        feats.append(CharacterSkills::FeatText(feat->GetFeatGuid(), feat->GetTargetGuid(),
+                                               feat->GetTargetSubGuid(), feat->GetCount()));
+    for (const DOffenseGroup* group : race.GetOffenseGroupArray()) {
+        QStringList routine;
+        for (const DOffenseItem& offense : group->GetOffenseItemArray()) {
+            if (offense.HasOffenseFlag(DOffenseItem::kOffenseBesideWeapon) && routine.isEmpty())
+                routine << QStringLiteral("its weapon");
+            const DAttackInfo* attack = race.GetAttack(offense.GetOffenseId());
+            if (!attack)
+                continue;
+            QString text = attack->GetAttackDescription();
+            if (attack->GetDamageDieCount() > 0)
+                text += QLatin1Char(' ') +
+                        QString(DHandBook::BuildDieString(float(attack->GetDamageDieCount()),
+                                                          attack->GetDamageDieId()));
+            if (attack->GetAttackRangeIsTouch())
+                text += QStringLiteral(" (touch)");
+            routine << text;
+        }
+        routines.append(routine.join(QStringLiteral(", ")));
+    }
+    out["skills"] = skills;
+    out["feats"] = feats;
+    out["natural_attacks"] = routines;
     return out;
 }
 
@@ -361,8 +404,13 @@ void printRace(const QJsonObject& r) {
     line("Flags", listText(r["flags"].toArray()));
     if (!r["familiar_bonus"].toArray().isEmpty())
         line("Familiar bonus", listText(r["familiar_bonus"].toArray()));
-    line("Skills / feats",
-         QStringLiteral("%1 / %2").arg(r["skills"].toInt()).arg(r["feats"].toInt()));
+    line("Skills", listText(r["skills"].toArray()));
+    line("Feats", listText(r["feats"].toArray()));
+    QStringList routines;
+    for (const QJsonValue& routine : r["natural_attacks"].toArray())
+        routines << routine.toString();
+    line("Natural attacks",
+         routines.isEmpty() ? QStringLiteral("none") : routines.join(QStringLiteral("; or ")));
     const QJsonArray features = r["features"].toArray();
     line("Features", features.isEmpty() ? QStringLiteral("none") : QString());
     for (const QJsonValue& feature : features)

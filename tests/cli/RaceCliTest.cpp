@@ -133,6 +133,17 @@ TEST(RaceCli, RacesHoldTheRulesFigures) {
     const QJsonObject human = showRace("Human", user.path());
     EXPECT_EQ(human["extra_feats_first_level"].toInt(), 1);
     EXPECT_EQ(human["extra_skill_points_first_level"].toInt(), 4);
+
+    // The owlbear's Listen and Spot +8 on Wis 12 and Alertness would need 5 ranks each of its
+    // 8 points: 4 each, and +1 racial. Its routine: 2 claws 1d6 and a bite 1d8. The minotaur
+    // gores beside its greataxe; an elf has racial bonuses and no ranks.
+    const QJsonObject owlbear = showRace("Owlbear", user.path());
+    EXPECT_TRUE(strings(owlbear["skills"]).contains("Listen (4 ranks, racial +1)"));
+    EXPECT_EQ(strings(owlbear["feats"]), (QStringList{"Alertness", "Track"}));
+    EXPECT_EQ(strings(owlbear["natural_attacks"]), QStringList{"2 Claw 1d6, Bite 1d8"});
+    EXPECT_EQ(strings(showRace("Minotaur", user.path())["natural_attacks"]),
+              QStringList{"its weapon, Gore 1d8"});
+    EXPECT_TRUE(strings(showRace("Elf", user.path())["skills"]).contains("Listen (racial +2)"));
 }
 
 TEST(RaceCli, MonstersKeepTheirAdvancementRows) {
