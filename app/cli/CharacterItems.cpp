@@ -20,6 +20,7 @@
 #include "DOffenseGroup.h"
 #include "DRulesQuery.h"
 #include "DSizeInfo.h"
+#include "DTreasure.h"
 #include "DWeaponInfo.h"
 #include "DWielding.h"
 #include "FCReleaser.h"
@@ -292,6 +293,8 @@ qint64 priceOf(const DItem& item) {
     return price.GetCopperCost();
 }
 
+DChosenItem* fileItem(DCharacter& character, FCRef<DChosenItem> made, bool buy, QString& error);
+
 // Files the item at `count` and checks and takes the price; the character is unchanged on
 // failure.
 DChosenItem* addToCharacter(DCharacter& character, const AddRequest& request, QString& error) {
@@ -323,15 +326,21 @@ DChosenItem* addToCharacter(DCharacter& character, const AddRequest& request, QS
     made->SetMarketCost(0, 2);
     for (int coin = 0; coin < DCurrency::kCoinTypeCount; ++coin)
         made->AddMarketCost(total.GetAmount(coin), coin);
+    return fileItem(character, std::move(made), request.buy, error);
+}
+
+// Gives the character the item, paid from its money with `buy`; the character is unchanged
+// when it cannot afford it.
+DChosenItem* fileItem(DCharacter& character, FCRef<DChosenItem> made, bool buy, QString& error) {
     const qint64 price = priceOf(*made);
     const qint64 purse = character.GetCurrency().GetCopperCost();
-    if (request.buy && price > purse) {
+    if (buy && price > purse) {
         error = QStringLiteral("cannot afford %1: it costs %2, the character has %3 (%4 missing)")
                     .arg(itemName(*made), gold(price), gold(purse), gold(price - purse));
         return nullptr;
     }
     DChosenItem* item = made.get();
-    DHandBook::AddChosenItemToCharacter(&character, item, !request.buy);
+    DHandBook::AddChosenItemToCharacter(&character, item, !buy);
     DHandBook::ToggleItemCarryingStatus(&character, item, true);
     return item;
 }
@@ -390,6 +399,30 @@ bool checkMagicRequest(const AddRequest& request, QString& error) {
     return true;
 }
 
+// A copy of the item of the treasure file named `name` (its description, any case) or "#N"
+// (the Nth item); null with the reason when there is none.
+DChosenItem* takeFromTreasure(const QString& path, const QString& name, QString& error) {
+    // A relative name is the user's, from where the command runs, not one of the data folder.
+    FCRef<DTreasure> treasure(DTreasure::CreateFromFile(QFileInfo(path).absoluteFilePath()));
+    if (!treasure) {
+        error = QStringLiteral("%1 is not a readable treasure file").arg(path);
+        return nullptr;
+    }
+    const auto& items = treasure->GetItemArray();
+    bool isIndex = false;
+    const int index = name.startsWith(QLatin1Char('#')) ? name.mid(1).toInt(&isIndex) : 0;
+    for (int at = 0; at < items.GetCount(); ++at) {
+        const DItem* item = items.At(at);
+        const bool match = isIndex
+                               ? index == at + 1
+                               : item->GetItemDescription().compare(name, Qt::CaseInsensitive) == 0;
+        if (match)
+            return new DChosenItem(*item);
+    }
+    error = QStringLiteral("%1 holds no item %2 (see `hoard treasure show`)").arg(path, name);
+    return nullptr;
+}
+
 QJsonObject describeAttack(const DOffenseLine& line) {
     QJsonArray bonuses;
     for (const int bonus : line.bonuses)
@@ -406,7 +439,9 @@ QString CharacterItems::HelpText() {
         "          staff or wondrous item, as `hoard items` lists them). --count N for several,\n"
         "          --masterwork, --enhancement N (+1 to +5) and --ability NAME (repeatable) make\n"
         "          magic arms and armor; --buy pays for it from the character's money, --equip\n"
-        "          puts it on or in hand (--two-hands for a two-handed grip).\n"
+        "          puts it on or in hand (--two-hands for a two-handed grip). With --from\n"
+        "          FILE.trs, ITEM is an item of that treasure (its name, or #N for the Nth)\n"
+        "          and comes as it is, mind and curse included.\n"
         "equip, unequip\n"
         "          wears or takes off ITEM (its name, or #ID as `character show` lists it).\n"
         "remove-item\n"
@@ -415,18 +450,33 @@ QString CharacterItems::HelpText() {
 
 int CharacterItems::RunAddItem(CliContext& context, QStringList args) {
     AddRequest request;
-    QString error;
+    QString error, treasure;
+    const bool fromTreasure = args.contains(QStringLiteral("--from"));
+    if (!CliCommand::TakeOption(args, "--from", treasure) || (fromTreasure && treasure.isEmpty()))
+        return CliContext::Fail(QStringLiteral("--from needs a treasure file"));
     if (!parseAddRequest(args, request, error))
         return CliContext::Fail(error);
     if (args.size() != 2)
         return CliContext::Fail(QStringLiteral("give FILE.chr ITEM (see --help)"));
+    if (fromTreasure && (request.count != 1 || request.masterwork || request.enhancement > 0 ||
+                         !request.abilities.isEmpty()))
+        return CliContext::Fail(
+            QStringLiteral("an item --from a treasure comes as it is: no "
+                           "--count, --masterwork, --enhancement or --ability"));
     QString path;
     FCRef<DCharacter> character(CharacterCommand::LoadFileArgument(context, args[0], path));
     if (!character)
         return 1;
-    if (!ItemCatalogue::Find(args[1], request.entry, error) || !checkMagicRequest(request, error))
-        return CliContext::Fail(error);
-    DChosenItem* item = addToCharacter(*character, request, error);
+    DChosenItem* item = nullptr;
+    if (fromTreasure) {
+        FCRef<DChosenItem> found(takeFromTreasure(treasure, args[1], error));
+        item = found ? fileItem(*character, std::move(found), request.buy, error) : nullptr;
+    } else {
+        if (!ItemCatalogue::Find(args[1], request.entry, error) ||
+            !checkMagicRequest(request, error))
+            return CliContext::Fail(error);
+        item = addToCharacter(*character, request, error);
+    }
     if (!item)
         return CliContext::Fail(error);
     if (request.equip) {

@@ -4,7 +4,11 @@
 #include "DCharStatType.h"
 #include "DCharacter.h"
 #include "DChosenItem.h"
+#include "DCursedData.h"
 #include "DHandBook.h"
+#include "DIntelligentData.h"
+#include "DIntelligentItemGenerator.h"
+#include "DMagicItemInfo.h"
 #include "DWielding.h"
 
 #include <QCoreApplication>
@@ -38,6 +42,31 @@ QString equipmentText(const DCharacter& character) {
     return all.isEmpty() ? tr("none") : all.join(QStringLiteral(", "));
 }
 
+// A row per item with a mind or a curse: the mind's print text, then the curse.
+QString mindAndCurseRows(const DCharacter& character) {
+    const QString br = QStringLiteral("<br>");
+    QString rows;
+    for (const auto& [id, item] : character.GetItemMap()) {
+        const auto* magic = FCDynamicCast<DMagicItemInfo>(item->GetItemInfo());
+        if (!magic || !item->GetIsMagicItem())
+            continue;
+        QStringList lines;
+        if (const auto* mind = FCDynamicCast<DIntelligentData>(magic->GetIntelligentData())) {
+            FCString text;
+            mind->GetPrintCoreText(DIntelligentItemGenerator::GetItemEgo(*item), text);
+            lines = text.split(br);
+        }
+        if (const auto* curse = FCDynamicCast<DCursedData>(magic->GetCursedData()))
+            lines << curse->GetDescription(true, true);
+        if (lines.isEmpty())
+            continue;
+        for (QString& line : lines)
+            line = line.toHtmlEscaped();
+        rows += row(item->GetItemPrintDescription(true).toHtmlEscaped(), lines.join(br));
+    }
+    return rows;
+}
+
 QString loadText(const DCharacter& character) {
     static const char* const kLoads[] = {QT_TRANSLATE_NOOP("CharacterItemRows", "light"),
                                          QT_TRANSLATE_NOOP("CharacterItemRows", "medium"),
@@ -62,7 +91,8 @@ QString CharacterItemRows::Build(const DCharacter& character) {
     for (const DOffenseLine& line : DHandBook::BuildOffenseLines(&engine))
         attacks << line.Text().toHtmlEscaped();
     return row(tr("Money"), character.GetCurrency().GetCostDescription().toHtmlEscaped()) +
-           row(tr("Equipment"), equipmentText(character)) + row(tr("Load"), loadText(character)) +
+           row(tr("Equipment"), equipmentText(character)) + mindAndCurseRows(character) +
+           row(tr("Load"), loadText(character)) +
            row(tr("Attacks"),
                attacks.isEmpty() ? tr("none") : attacks.join(QStringLiteral("<br>")));
 }

@@ -161,6 +161,10 @@ void DeskMainWindow::ShowEntry(DFileObject* entry) {
         OpenFile(path);
         return;
     }
+    if (entry->GetObjectType() == kObjectTreasure) {
+        OpenTreasure(path);
+        return;
+    }
     if (entry->GetObjectType() != kObjectRace)
         return;
     DRace* race = DRace::CreateFromFile(FCString(path), false);
@@ -184,12 +188,27 @@ void DeskMainWindow::ShowEntry(DFileObject* entry) {
 
 void DeskMainWindow::ChooseFileToOpen() {
     const QString path = QFileDialog::getOpenFileName(
-        this, tr("Open"), QString(), tr("Characters and monsters (*.chr *.mon);;All files (*)"));
+        this, tr("Open"), QString(),
+        tr("Characters and monsters (*.chr *.mon);;Treasures (*.trs);;All files (*)"));
     if (!path.isEmpty())
         OpenFile(path);
 }
 
+QWidget* DeskMainWindow::OpenTreasure(const QString& path) {
+    FCRef<DTreasure> treasure(DTreasure::CreateFromFile(QFileInfo(path).absoluteFilePath()));
+    if (!treasure) {
+        QMessageBox::warning(this, tr("Open"), tr("%1 is not a readable treasure file.").arg(path));
+        return nullptr;
+    }
+    auto* dialog = new TreasureDialog(treasure.get(), QFileInfo(path).fileName(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
+    return dialog;
+}
+
 bool DeskMainWindow::OpenFile(const QString& path) {
+    if (path.endsWith(QStringLiteral(".trs"), Qt::CaseInsensitive))
+        return OpenTreasure(path) != nullptr;
     DCharacter* character = DCharacter::CreateFromFile(FCString(path), false, nullptr);
     if (!character) {
         QMessageBox::warning(this, tr("Open"),

@@ -20,8 +20,10 @@ public:
     ~DeskMainWindow() override;
 
     bool IsDatabaseOpen() const { return mDatabaseOpen; }
-    // Opens an object file and shows what it holds; false with a message if it cannot.
+    // Opens an object file and shows what it holds; false with a message if it cannot. A
+    // ".trs" treasure opens in a window of its own.
     bool OpenFile(const QString& path);
+    QWidget* OpenTreasure(const QString& path);
     CatalogueDock* GetCatalogueDock() const { return mCatalogues; }
     // For checks from the command line: the stat block tab brought forward, the print preview
     // opened with the named style.

@@ -5,9 +5,11 @@
 #include <QDialog>
 
 class DTreasure;
-class QTextBrowser;
+class QLabel;
+class QTreeWidget;
 
-// A treasure made by a table roll: what it holds, and a way to keep it as a ".trs" file.
+// A treasure made by a table roll or read from a ".trs" file: its coins and items (with the
+// minds and curses of magic items), its total, and a way to keep it as a ".trs" file.
 class TreasureDialog : public QDialog {
     Q_OBJECT
 public:
@@ -20,5 +22,6 @@ public slots:
 
 private:
     FCRef<DTreasure> mTreasure;
-    QTextBrowser* mView = nullptr;
+    QTreeWidget* mItems = nullptr;
+    QLabel* mTotal = nullptr;
 };

@@ -103,7 +103,7 @@ int main(int argc, char* argv[]) {
         "CAPTION");
     parser.addOptions({dataOption, userOption, dbOption, quitOption, grabOption, statBlockOption,
                        previewOption, tablesOption, generatorOption, commandOption});
-    parser.addPositionalArgument("file", "A character file to open.", "[file]");
+    parser.addPositionalArgument("file", "A character or treasure file to open.", "[file]");
     parser.process(app);
 
     DOptions::mAppPath = FCString(QDir(parser.value(dataOption)).absolutePath());
@@ -113,12 +113,19 @@ int main(int argc, char* argv[]) {
         parser.isSet(dbOption) ? parser.value(dbOption) : DOptions::mAppPath + "/rules.db";
     DeskMainWindow window(database);
     window.show();
-    if (!parser.positionalArguments().isEmpty())
-        window.OpenFile(QFileInfo(parser.positionalArguments().first()).absoluteFilePath());
+    QWidget* tables = nullptr;
+    if (!parser.positionalArguments().isEmpty()) {
+        const QString file = QFileInfo(parser.positionalArguments().first()).absoluteFilePath();
+        // A treasure opens in its own window, which is then what a picture shows.
+        if (file.endsWith(QStringLiteral(".trs"), Qt::CaseInsensitive))
+            tables = window.OpenTreasure(file);
+        else
+            window.OpenFile(file);
+    }
     if (parser.isSet(statBlockOption))
         window.ShowStatBlockTab();
-    QWidget* tables =
-        parser.isSet(tablesOption) ? window.OpenTables(parser.value(tablesOption)) : nullptr;
+    if (parser.isSet(tablesOption))
+        tables = window.OpenTables(parser.value(tablesOption));
     if (auto* frame = qobject_cast<TableGenFrame*>(tables); frame && parser.isSet(statBlockOption))
         frame->ShowStatBlockTab();
     if (parser.isSet(generatorOption)) {

@@ -25,6 +25,9 @@ public:
         kOffenseLight = 0x800,
         // The off hand holds a light weapon, or the weapon is double.
         kOffenseLightOffHand = 0x1000,
+        // A race's natural attack that it makes beside the weapon it carries ("greataxe and
+        // gore"): a monster built with its gear has that weapon join the attack's group.
+        kOffenseBesideWeapon = 0x2000,
     };
 
     DOffenseItem() = default;

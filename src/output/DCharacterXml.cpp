@@ -1,5 +1,6 @@
 #include "DCharacterXml.h"
 
+#include "DAdjChosenSpeed.h"
 #include "DAlignmentInfo.h"
 #include "DCharHistory.h"
 #include "DCharStatType.h"
@@ -14,8 +15,12 @@
 #include "DChosenSpeed.h"
 #include "DClassInfo.h"
 #include "DCompanionRules.h"
+#include "DCursedData.h"
 #include "DDatabase.h"
 #include "DHandBook.h"
+#include "DIntelligentData.h"
+#include "DIntelligentItemGenerator.h"
+#include "DMagicItemInfo.h"
 #include "DOptions.h"
 #include "DRace.h"
 #include "DRaceAdvance.h"
@@ -417,11 +422,20 @@ private:
         const QList<DOffenseLine> lines = DHandBook::BuildOffenseLines(mCharacter);
         if (lines.isEmpty())
             return;
-        mXml.Text("attack", StatBlockAttack(lines.first(), false));
-        QStringList full;
-        for (const DOffenseLine& line : lines)
-            full << StatBlockAttack(line, true);
-        mXml.Text("full-attack", full.join(QStringLiteral(" and ")));
+        // Attacks of one routine are made together ("and"); routines are alternatives ("or").
+        // The single attack is each routine's first.
+        QStringList single, routines, together;
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            if (i == 0 || lines[i].group != lines[i - 1].group)
+                single << StatBlockAttack(lines[i], false);
+            together << StatBlockAttack(lines[i], true);
+            if (i + 1 == lines.size() || lines[i + 1].group != lines[i].group) {
+                routines << together.join(QStringLiteral(" and "));
+                together.clear();
+            }
+        }
+        mXml.Text("attack", single.join(QStringLiteral(" or ")));
+        mXml.Text("full-attack", routines.join(QStringLiteral(" or ")));
         mXml.Open("weapons");
         for (const DOffenseLine& line : lines) {
             mXml.Open("weapon");
@@ -467,6 +481,10 @@ private:
             mXml.Open("speed");
             mXml.Text("name", mNames.ById("[info Speed]", speed->GetSpeedId()));
             mXml.Number("value", speed->GetSpeedValue());
+            // Armor or load that slows the creature: the pace it has now beside its own.
+            if (const auto* adjusted = FCDynamicCast<DAdjChosenSpeed>(speed);
+                adjusted && adjusted->GetAdjSpeedValue() != speed->GetSpeedValue())
+                mXml.Number("adjusted", adjusted->GetAdjSpeedValue());
             if (speed->GetSpeedModId() > 0) {
                 const QString maneuver = mNames.ById("[types Speed]", speed->GetSpeedModId());
                 if (!maneuver.isEmpty())
@@ -537,6 +555,7 @@ private:
             mXml.Text("weight", item->GetWeightDescription());
             if (item->GetItemLocation() != DChosenItem::kLocationNone)
                 mXml.Number("equipped", 1);
+            WriteMindAndCurse(*item);
             mXml.Close("item");
         }
         mXml.Close("items");
@@ -548,6 +567,75 @@ private:
         mXml.Number("armor-check", mCharacter->GetCharacterStat(kStatArmorCheckPenalty));
         mXml.Number("spell-failure", DHandBook::GetArcaneSpellFailure(mCharacter));
         mXml.Close("load");
+    }
+
+    // The mind of an intelligent magic item and the curse of a cursed one. `print-text` is the
+    // mind as a sheet shows it, its lines joined by "<br>".
+    void WriteMindAndCurse(const DItem& item) {
+        const auto* magic = FCDynamicCast<DMagicItemInfo>(item.GetItemInfo());
+        if (!magic || !item.GetIsMagicItem())
+            return;
+        if (const auto* mind = FCDynamicCast<DIntelligentData>(magic->GetIntelligentData()))
+            WriteMind(*mind, DIntelligentItemGenerator::GetItemEgo(item));
+        if (const auto* curse = FCDynamicCast<DCursedData>(magic->GetCursedData())) {
+            mXml.Open("cursed");
+            mXml.Text("description", curse->GetDescription(false, true));
+            mXml.Close("cursed");
+        }
+    }
+
+    void WriteMind(const DIntelligentData& mind, int ego) {
+        const QString separator = QStringLiteral(", ");
+        mXml.Open("intelligent");
+        mXml.Text("alignment", mind.GetAlignmentName());
+        mXml.Open("abilities");
+        for (const int ability : {kAbilityIntelligence, kAbilityWisdom, kAbilityCharisma}) {
+            const int score = mind.GetAbilityStat(ability);
+            WriteMindAbility(QString::fromLatin1(kAbilityNames[ability]),
+                             QString::fromLatin1(kSkillAbilityNames[ability]), score,
+                             DHandBook::GetAbilityModifier(score));
+        }
+        WriteMindAbility(QStringLiteral("Ego"), QStringLiteral("Ego"), ego, 0);
+        mXml.Close("abilities");
+        const QStringList communication = mind.GetCommunicationNames();
+        if (!communication.isEmpty())
+            mXml.Text("communication", communication.join(separator));
+        const QStringList languages = mind.GetLanguageNames();
+        if (!languages.isEmpty())
+            mXml.Text("languages", languages.join(separator));
+        if (mind.GetCanReadLanguages())
+            mXml.Text("read-languages", QStringLiteral("true"));
+        if (mind.GetCanReadMagic())
+            mXml.Text("read-magic", QStringLiteral("true"));
+        const QString purpose = mind.GetPurposeName();
+        if (!purpose.isEmpty()) {
+            mXml.Text("special-purpose", purpose);
+            mXml.Open("purpose-powers");
+            for (const QString& power : mind.GetPurposePowerNames())
+                mXml.Text("purpose-power", power);
+            mXml.Close("purpose-powers");
+        }
+        mXml.Open("extraordinary-powers");
+        for (const QString& power : mind.GetPowerDescriptions())
+            mXml.Text("extraordinary-power", power);
+        mXml.Close("extraordinary-powers");
+        mXml.Open("primary-abilities");
+        for (const QString& ability : mind.GetAbilityNames())
+            mXml.Text("primary-ability", ability);
+        mXml.Close("primary-abilities");
+        FCString text;
+        mind.GetPrintCoreText(ego, text);
+        mXml.Text("print-text", text);
+        mXml.Close("intelligent");
+    }
+
+    void WriteMindAbility(const QString& name, const QString& abbr, int base, int mod) {
+        mXml.Open("ability");
+        mXml.Text("name", name);
+        mXml.Text("abbr", abbr);
+        mXml.Number("base", base);
+        mXml.Number("mod", mod);
+        mXml.Close("ability");
     }
 
     // Spells known, prepared and per day come with the spell work; until a class casts

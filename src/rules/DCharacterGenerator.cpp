@@ -232,20 +232,22 @@ FCRef<DItemInfo> Fitted(DCharacter& character, DItemInfo* listed, int& size) {
 }
 
 // Carries the item; a weapon joins offense group `group` with the grip it takes; with
-// `equip` it is also put on or taken in hand.
-void TakeUp(DCharacter& character, DChosenItem* item, int group, bool equip) {
+// `equip` it is also put on or taken in hand. The weapon's offense item, or none.
+DOffenseItem TakeUp(DCharacter& character, DChosenItem* item, int group, bool equip) {
     DHandBook::AddChosenItemToCharacter(&character, item, false);
     DHandBook::ToggleItemCarryingStatus(&character, item, false);
+    DOffenseItem wielded;
     if (const auto* weapon = FCDynamicCast<DWeaponInfo>(item->GetItemInfo())) {
         const int uses = DHandBook::GetCharacterWeaponUses(&character, weapon);
         quint32 grip = (uses & 1) ? DOffenseItem::kOffenseOneHand : DOffenseItem::kOffenseTwoHands;
         if (DHandBook::IsWeaponLight(&character, weapon))
             grip |= DOffenseItem::kOffenseLight;
-        character.AddOffenseToGroup(
-            group, DOffenseItem(DOffenseItem::kOffenseWeapon, item->GetItemId(), grip));
+        wielded = DOffenseItem(DOffenseItem::kOffenseWeapon, item->GetItemId(), grip);
+        character.AddOffenseToGroup(group, wielded);
     }
     if (equip)
         DHandBook::EquipItem(&character, item, true);
+    return wielded;
 }
 
 bool BuyBest(DCharacter& character, int itemType, const QStringList& names) {
@@ -293,6 +295,14 @@ bool BuyBest(DCharacter& character, int itemType, const QStringList& names) {
 // after the natural ones.
 void GiveGear(DCharacter& monster) {
     static const QString prefix = QStringLiteral("Gear: ");
+    // The race's routines fought beside its weapon ("greataxe and gore").
+    QList<int> beside;
+    for (int g = 0; g < monster.GetOffenseGroupArray().GetCount(); ++g) {
+        for (const DOffenseItem& item : monster.GetOffenseGroup(g)->GetOffenseItemArray()) {
+            if (item.HasOffenseFlag(DOffenseItem::kOffenseBesideWeapon) && !beside.contains(g))
+                beside << g;
+        }
+    }
     bool armed = false;
     for (const FCString& feature : monster.GetRace()->GetRaceFeatureArray()) {
         const QString text = feature;
@@ -307,8 +317,18 @@ void GiveGear(DCharacter& monster) {
             FCRef<DChosenItem> item(new DChosenItem);
             item->SetItemInfo(fitted ? fitted.get() : listed.get());
             const bool weapon = itemType == kItemWeapon;
-            TakeUp(monster, item.get(), monster.GetOffenseGroupArray().GetCount(),
-                   !weapon || !armed);
+            if (weapon && !armed && !beside.isEmpty()) {
+                // The first weapon leads the routines fought beside it, not one of its own.
+                const DOffenseItem held = TakeUp(monster, item.get(), beside.first(), true);
+                for (const int g : beside) {
+                    if (g != beside.first())
+                        monster.AddOffenseToGroup(g, held);
+                    monster.GetOffenseGroup(g)->MoveOffenseItem(held, 0);
+                }
+            } else {
+                TakeUp(monster, item.get(), monster.GetOffenseGroupArray().GetCount(),
+                       !weapon || !armed);
+            }
             armed = armed || weapon;
             break;
         }

@@ -2,10 +2,12 @@
 
 #include "DCharFlags.h"
 #include "DCharacter.h"
+#include "DChosenItem.h"
 #include "DClassInfo.h"
 #include "DClassLevelInfo.h"
 #include "DDatabase.h"
 #include "DDieRoller.h"
+#include "DItemType.h"
 #include "DRace.h"
 #include "DRuleGuids.h"
 #include "DRulesQuery.h"
@@ -190,6 +192,17 @@ void DHandBook::GetArmorClassValues(DCharacter* character, DACValues& values) {
     values.armor = character->GetCharacterStat(kStatArmorBonus);
     values.shield = character->GetCharacterStat(kStatShieldBonus);
     values.magic = character->GetCharacterStat(kStatMagicArmorBonus);
+    // Worn armor's and shields' enhancement comes with the other magic bonuses, but it is part
+    // of their armor or shield bonus, which a touch attack passes by.
+    for (int slot = 0; slot < DCharacter::kEquipSlotCount; ++slot) {
+        const DChosenItem* item = character->GetEquipment(slot);
+        const int type = item ? item->GetBaseItemType() : kItemGeneric;
+        if (type != kItemArmor && type != kItemShield)
+            continue;
+        const int enhancement = std::clamp(item->GetMagicBonus(), 0, std::max(values.magic, 0));
+        (type == kItemArmor ? values.armor : values.shield) += enhancement;
+        values.magic -= enhancement;
+    }
     values.feature = character->GetCharacterStat(kStatFeatureArmorBonus);
     values.misc = GetArmorMiscModifier(character);
     values.user = character->GetCharacterStat(kStatUserArmor);

@@ -612,9 +612,13 @@ QList<DOffenseLine> DHandBook::BuildOffenseLines(DCharacter* character) {
     QList<DOffenseLine> lines;
     if (!character)
         return lines;
+    int routine = 0;
     for (const DOffenseGroup* group : character->GetOffenseGroupArray()) {
-        for (const DOffenseItem& offense : group->GetOffenseItemArray())
+        for (const DOffenseItem& offense : group->GetOffenseItemArray()) {
             lines << BuildOffenseLine(character, offense);
+            lines.last().group = routine;
+        }
+        routine += !group->GetOffenseItemArray().IsEmpty();
     }
     // A creature of its race alone fights with the race's natural weapons; only a character
     // with class levels falls back on its fists.

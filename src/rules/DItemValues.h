@@ -63,6 +63,7 @@ struct DOffenseLine {
     QString damage;
     QString critical; // "19-20/x2", "x3"; empty for a natural attack
     QString range;    // "110 ft", or "-" in melee
+    int group = 0;    // the attack routine (offense group) it belongs to, counted from 0
 
     QString Text() const;
 };

@@ -35,6 +35,10 @@ public:
     const QString& GetCurseDescription() const { return mCurseDescription; }
     void SetCurseDescription(const QString& text) { mCurseDescription = text; }
 
+    // ["Cursed: "]kind[, how it fails][: detail]: the detail only with `withDetail` and when
+    // there is one.
+    QString GetDescription(bool withPrefix, bool withDetail) const;
+
 private:
     qint32 mCurseType = 1;
     qint32 mCurseSubType = -1;

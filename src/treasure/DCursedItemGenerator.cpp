@@ -23,7 +23,6 @@ using Row = DTreasureTables::Row;
 constexpr int kTableCommonCurses = 105;
 constexpr int kTableSpecificCursed = 106;
 constexpr int kTableCurseNames = 107;
-constexpr int kTableIntermittentNames = 108;
 constexpr int kTableSituationNames = 110;
 constexpr int kTableDrawbackNames = 111;
 constexpr int kTableIntermittent = 113;
@@ -185,13 +184,5 @@ QString DCursedItemGenerator::GetCurseDescription(const DItem& item) {
         return IsSpecificCursedItem(item)
                    ? NameOf(kTableCurseNames, DCursedData::kCurseSpecificItem)
                    : QString();
-    QString text = NameOf(kTableCurseNames, data->GetCurseType());
-    if (data->GetCurseType() == DCursedData::kCurseIntermittent) {
-        const QString how = NameOf(kTableIntermittentNames, data->GetCurseSubType());
-        if (!how.isEmpty())
-            text += QStringLiteral(", ") + how;
-    }
-    if (!data->GetCurseDescription().isEmpty())
-        text += QStringLiteral(": ") + data->GetCurseDescription();
-    return text;
+    return data->GetDescription(false, true);
 }

@@ -1,9 +1,13 @@
 #include "DIntelligentData.h"
 
+#include "DAlignmentInfo.h"
 #include "DChosenLanguage.h"
+#include "DDatabase.h"
 #include "DHandBook.h"
 #include "DItemArchive.h"
 #include "DRulesTypes.h"
+#include "DTreasureGenerator.h"
+#include "DTreasureTables.h"
 #include "FCArchive.h"
 #include "FCReleaser.h"
 
@@ -17,6 +21,24 @@ namespace {
 constexpr unsigned kLanguageFlagFree = 0x8;
 constexpr int kEgoPurpose = 4;
 constexpr int kEgoGreaterPower = 2;
+
+constexpr int kTableCommunicationNames = 92;
+constexpr int kTableAbilityNames = 101;
+constexpr int kTablePurposeNames = 103;
+constexpr int kTablePurposePowerNames = 104;
+
+QString NameOf(int table, int id) {
+    const auto row = DTreasureGenerator::Tables().FindBy(table, "Id", id);
+    return row ? row->String("Name") : QString();
+}
+
+QStringList NamesOf(int table, const FCArray<int>& ids) {
+    QStringList names;
+    for (const int id : ids)
+        names << NameOf(table, id);
+    names.removeAll(QString());
+    return names;
+}
 
 } // namespace
 
@@ -142,4 +164,61 @@ int DIntelligentData::GetEgo() const {
 
 QString DIntelligentData::GetDescription() const {
     return QString::asprintf("Int %d Wis %d Cha %d", mIntelligence, mWisdom, mCharisma);
+}
+
+void DIntelligentData::GetPrintCoreText(int ego, FCString& out) const {
+    QStringList reads;
+    if (mCanReadLanguages)
+        reads << QStringLiteral("Read Languages");
+    if (mCanReadMagic)
+        reads << QStringLiteral("Read Magic");
+    QStringList lines{
+        GetAlignmentName(),
+        QString::asprintf("INT %d WIS %d CHA %d EGO %d", mIntelligence, mWisdom, mCharisma, ego),
+        GetCommunicationNames().join(QStringLiteral(", ")),
+        GetLanguageNames().join(QStringLiteral(", ")), reads.join(QStringLiteral(", "))};
+    lines.removeAll(QString());
+    out = lines.join(QStringLiteral("<br>"));
+}
+
+QString DIntelligentData::GetAlignmentName() const {
+    const DAlignmentInfo* info = DDatabase::GetAlignmentInfo(mAlignmentId);
+    return info ? QString(info->GetAlignmentName()) : QString();
+}
+
+QStringList DIntelligentData::GetCommunicationNames() const {
+    return NamesOf(kTableCommunicationNames, mCommunicationArray);
+}
+
+QStringList DIntelligentData::GetLanguageNames() const {
+    QStringList names;
+    for (const auto& [guid, language] : mLanguageMap) {
+        const auto row = DTreasureGenerator::Tables().FindByGuid(kTableLanguage, "Guid", guid);
+        if (row)
+            names << row->String("Name");
+    }
+    names.removeAll(QString());
+    return names;
+}
+
+QStringList DIntelligentData::GetAbilityNames() const {
+    return NamesOf(kTableAbilityNames, mAbilityArray);
+}
+
+QStringList DIntelligentData::GetPowerDescriptions() const {
+    QStringList descriptions;
+    for (const DIntelligentPower* power : mPowerArray) {
+        if (power)
+            descriptions << power->GetDescription();
+    }
+    descriptions.removeAll(QString());
+    return descriptions;
+}
+
+QString DIntelligentData::GetPurposeName() const {
+    return mPurposeId >= 0 ? NameOf(kTablePurposeNames, mPurposeId) : QString();
+}
+
+QStringList DIntelligentData::GetPurposePowerNames() const {
+    return NamesOf(kTablePurposePowerNames, mPurposePowerArray);
 }

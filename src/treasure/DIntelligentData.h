@@ -6,8 +6,10 @@
 #include "FCObject.h"
 #include "FCPointerArray.h"
 #include "FCPointerMap.h"
+#include "FCString.h"
 
 #include <QString>
+#include <QStringList>
 #include <QUuid>
 
 // The mind of an intelligent item: its mental scores, alignment, ways to talk, languages,
@@ -74,6 +76,18 @@ public:
     int GetEgo() const;
     // "Int %d Wis %d Cha %d".
     QString GetDescription() const;
+    // The mind as a sheet prints it, lines joined by "<br>": alignment; scores with `ego`; ways
+    // to talk; languages; what it reads. Empty lines are left out.
+    void GetPrintCoreText(int ego, FCString& out) const;
+
+    // Names of what the mind holds, for lists and sheets; rows the database lacks give none.
+    QString GetAlignmentName() const;
+    QStringList GetCommunicationNames() const;
+    QStringList GetLanguageNames() const;
+    QStringList GetAbilityNames() const;
+    QStringList GetPowerDescriptions() const;
+    QString GetPurposeName() const;
+    QStringList GetPurposePowerNames() const;
 
 private:
     qint32 mIntelligence = 8;

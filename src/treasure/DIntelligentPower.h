@@ -20,6 +20,8 @@ public:
     bool operator==(const DIntelligentPower& other) const { return mId == other.mId; }
 
     qint32 GetId() const { return mId; }
+    // "Name (uses frequency)", the uses only above 0; empty without a row for the power.
+    QString GetDescription() const;
     // A row of "[types Frequency]": 0 at will, 1 per day, 2 continuous.
     qint32 GetFrequencyType() const { return mFrequencyType; }
     // Uses per day for a power of frequency 1.

@@ -171,6 +171,8 @@ TEST_F(ItemsCli, RefusalsNameTheReasonAndLeaveTheFile) {
         {{"Longsword", "--enhancement", "1", "--ability", "Flamming"}, "closest: Flaming"},
         {{"Cure light wounds (potion)", "--masterwork"}, "masterwork form"},
         {{"Longsword", "--count", "0"}, "--count"},
+        {{"#1", "--from"}, "--from needs"},
+        {{"#1", "--from", file}, "not a readable treasure"},
     };
     for (const auto& c : cases) {
         const clitest::CliRun run = Hoard(QStringList{"character", "add-item", file} + c.args);
@@ -182,6 +184,50 @@ TEST_F(ItemsCli, RefusalsNameTheReasonAndLeaveTheFile) {
     const clitest::CliRun unknown = Hoard({"character", "equip", file, "Rapier"});
     EXPECT_EQ(unknown.status, 1);
     EXPECT_EQ(hoardtest::readFile(file), before);
+}
+
+// A seeded hoard of encounter level 16 holds an intelligent ring and a cursed shield; taken
+// into a character they keep mind and curse, and the stat block prints them.
+TEST_F(ItemsCli, TreasureItemsComeWithMindAndCurse) {
+    const QString treasure = UserFile("hoard.trs");
+    const clitest::CliRun rolled =
+        Hoard({"--seed", "25", "treasure", "--el", "16", "--json", "-o", treasure});
+    ASSERT_EQ(rolled.status, 0) << rolled.err.toStdString();
+    QString mindName, cursedName;
+    int ego = -1;
+    for (const QJsonValue& value : clitest::jsonObject(rolled)["items"].toArray()) {
+        const QJsonObject item = value.toObject();
+        if (item["intelligent"].toBool() && mindName.isEmpty()) {
+            mindName = item["name"].toString();
+            ego = item["ego"].toInt();
+        } else if (item["cursed"].toBool() && cursedName.isEmpty()) {
+            cursedName = item["name"].toString();
+        }
+    }
+    ASSERT_FALSE(mindName.isEmpty());
+    ASSERT_FALSE(cursedName.isEmpty());
+    const QString file = MakeFighter();
+    Ok({"add-item", file, mindName, "--from", treasure});
+    Ok({"add-item", file, cursedName, "--from", treasure, "--equip"});
+    const QByteArray before = hoardtest::readFile(file);
+    const struct {
+        QStringList args;
+        const char* reason;
+    } refusals[] = {
+        {{"No such thing", "--from", treasure}, "holds no item"},
+        {{"#99", "--from", treasure}, "holds no item"},
+        {{"#1", "--from", treasure, "--count", "2"}, "comes as it is"},
+    };
+    for (const auto& c : refusals) {
+        const clitest::CliRun run = Hoard(QStringList{"character", "add-item", file} + c.args);
+        EXPECT_EQ(run.status, 1) << c.args.join(' ').toStdString();
+        EXPECT_TRUE(run.err.contains(QLatin1String(c.reason))) << run.err.toStdString();
+    }
+    EXPECT_EQ(hoardtest::readFile(file), before);
+
+    const clitest::CliRun block = Hoard({"statblock", file});
+    EXPECT_TRUE(block.out.contains(QStringLiteral("EGO %1").arg(ego))) << block.out.toStdString();
+    EXPECT_TRUE(block.out.contains(QStringLiteral(": Cursed: "))) << block.out.toStdString();
 }
 
 TEST_F(ItemsCli, TheCatalogueListsPriceAndWeight) {

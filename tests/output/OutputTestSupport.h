@@ -51,7 +51,8 @@ protected:
         return race;
     }
 
-    // A creature that is its ready race alone, as `hoard statblock --race` makes it.
+    // A creature that is its ready race alone, without the gear a built monster carries (as
+    // `hoard character new --race` makes it).
     static CharacterRef Monster(const QString& race) {
         CharacterRef character(new DCharacter());
         character->SetCharacterName(FCString(race));

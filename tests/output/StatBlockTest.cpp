@@ -2,7 +2,15 @@
 // lines are the published stat lines (for the fields the rules engine computes today) and,
 // where the published figure rests on something the records do not hold yet (armor worn),
 // the figure worked out by hand from the rules.
+#include "DCharacterGenerator.h"
 #include "DCharacterXml.h"
+#include "DChosenItem.h"
+#include "DCursedData.h"
+#include "DCustomMagicItemInfo.h"
+#include "DIntelligentData.h"
+#include "DItemType.h"
+#include "DObjectManager.h"
+#include "DRingInfo.h"
 #include "OutputTestSupport.h"
 
 namespace {
@@ -99,11 +107,26 @@ TEST_F(StatBlockTest, PublishedMonstersLineByLine) {
             EXPECT_EQ(block.value(QString::fromLatin1(line.label)).toStdString(), line.value)
                 << line.label;
     }
-    // The ogre fights with a greatclub or javelins, which a bare race does not hold: no attack
-    // lines are made up.
-    const QMap<QString, QString> ogre = StatBlock(Monster(QStringLiteral("Ogre")).get());
-    EXPECT_FALSE(ogre.contains("Attack"));
-    EXPECT_FALSE(ogre.contains("Full Attack"));
+    // A bare race holds no weapons: the ogre's attack lines are not made up.
+    const QMap<QString, QString> bare = StatBlock(Monster(QStringLiteral("Ogre")).get());
+    EXPECT_FALSE(bare.contains("Attack"));
+    // Built as a monster it carries its gear: hide slows its 40 ft. to 30 and adds +3 armor;
+    // the greatclub (Large, 2d8, two hands, Weapon Focus) or the javelin (thrown) are the two
+    // routines of the published line.
+    QString error;
+    const FCRef<DCharacter> ogre(DCharacterGenerator::GenerateMonster(
+        DObjectManager::FindRaceFile(QStringLiteral("Ogre")), 0, error));
+    ASSERT_TRUE(ogre) << error.toStdString();
+    const QMap<QString, QString> armed = StatBlock(ogre.get());
+    EXPECT_EQ(armed.value("Speed"),
+              QStringLiteral("30 ft. in armor (6 squares); base speed 40 ft."));
+    EXPECT_EQ(
+        armed.value("Armor Class"),
+        QStringLiteral("16 (-1 size, -1 Dex, +5 natural, +3 armor), touch 8, flat-footed 16"));
+    EXPECT_EQ(armed.value("Attack"),
+              QStringLiteral("Greatclub +8 melee (2d8+7) or Javelin +1 ranged (1d8+5)"));
+    EXPECT_EQ(armed.value("Full Attack"),
+              QStringLiteral("Greatclub +8 melee (2d8+7) or Javelin +1 ranged (1d8+5)"));
 }
 
 TEST_F(StatBlockTest, HandWorkedDwarfFighter) {
@@ -158,6 +181,63 @@ TEST_F(StatBlockTest, LayoutsOfTheSameLines) {
             << error.toStdString();
         EXPECT_TRUE(result.contains(layout.expected)) << result.toStdString();
     }
+}
+
+// A +1 longsword with a mind of Int 14 (+2), Wis 12 (+1), Cha 10 that reads magic has ego
+// 2 + 1 + 1 + 1 (its enhancement) = 5; a ring carries a drawback. Each item's notes follow
+// it: in the stat block a line of its own, on the sheet under its name in the equipment table.
+TEST_F(StatBlockTest, MindsAndCursesFollowTheirItems) {
+    const auto tordek = Tordek();
+    const QUuid guid = hoardtest::rowGuid(DDatabase::GetItemTypeTableId(kItemWeapon), "Longsword");
+    FCRef<DCustomMagicItemInfo> sword(new DCustomMagicItemInfo);
+    sword->SetBaseItemInfo(static_cast<DItemInfo*>(DDatabase::GetWeaponInfo(guid)));
+    sword->SetBonus(1);
+    FCRef<DIntelligentData> mind(new DIntelligentData);
+    mind->SetAlignmentId(34);
+    mind->SetAbilityStat(3, 14);
+    mind->SetAbilityStat(4, 12);
+    mind->SetAbilityStat(5, 10);
+    mind->AddCommunication(DIntelligentData::kCommunicationEmpathy);
+    mind->AddLanguage(hoardtest::rowGuid(kTableLanguage, "Common"));
+    mind->SetCanReadMagic(true);
+    sword->SetIntelligentData(mind.get());
+    FCRef<DRingInfo> ring(new DRingInfo);
+    ring->SetItemGuid(
+        hoardtest::rowGuid(DDatabase::GetItemTypeTableId(kItemRing), "Feather falling"));
+    FCRef<DCursedData> curse(new DCursedData(DCursedData::kCurseDrawback));
+    curse->SetCurseDescription(QStringLiteral("Hair grows"));
+    ring->SetCursedData(curse.get());
+    QStringList names;
+    for (DItemInfo* info :
+         {static_cast<DItemInfo*>(sword.get()), static_cast<DItemInfo*>(ring.get())}) {
+        FCRef<DChosenItem> item(new DChosenItem);
+        item->SetItemInfo(info);
+        DHandBook::AddChosenItemToCharacter(tordek.get(), item.get(), true);
+        names << item->GetItemPrintDescription(false);
+    }
+
+    const QByteArray document = DCharacterXml::ToBytes(tordek.get(), "Stat Block.xsl");
+    EXPECT_TRUE(document.contains("<print-text>Neutral Evil&lt;br&gt;INT 14 WIS 12 CHA 10 EGO "
+                                  "5&lt;br&gt;Empathy&lt;br&gt;Common&lt;br&gt;Read "
+                                  "Magic</print-text>"))
+        << document.toStdString();
+    EXPECT_TRUE(document.contains("<cursed>\n\t\t\t\t<description>Drawback: Hair "
+                                  "grows</description>"));
+
+    const auto lines = StatBlock(tordek.get());
+    EXPECT_EQ(
+        lines.value(names[0]),
+        QStringLiteral("Neutral Evil; INT 14 WIS 12 CHA 10 EGO 5; Empathy; Common; Read Magic"));
+    EXPECT_EQ(lines.value(names[1]), QStringLiteral("Cursed: Drawback: Hair grows"));
+
+    QByteArray sheet;
+    QString error;
+    ASSERT_TRUE(DOutput::Render(tordek.get(), QStringLiteral("Character Sheet.xsl"), sheet, error))
+        << error.toStdString();
+    EXPECT_TRUE(sheet.contains("<br><small>Neutral Evil<br>INT 14 WIS 12 CHA 10 EGO "
+                               "5<br>Empathy<br>Common<br>Read Magic</small>"))
+        << sheet.toStdString();
+    EXPECT_TRUE(sheet.contains("<br><small>Cursed: Drawback: Hair grows</small>"));
 }
 
 TEST_F(StatBlockTest, WorkingFilesGoToTheUserFolder) {

@@ -61,6 +61,14 @@ TEST_F(EquipmentTest, ArmorAndShieldEnhancementsBothCount) {
     DHandBook::EquipItem(character.get(), mail, true);
     DHandBook::EquipItem(character.get(), shield, true);
     EXPECT_EQ(character->GetCharacterStat(kStatArmorClass), 10 + 2 + 6 + 3);
+    // The enhancements are part of the armor and shield bonuses, which touch attacks pass by.
+    EXPECT_EQ(DHandBook::GetTouchArmorClass(character.get()), 10 + 2);
+    EXPECT_EQ(DHandBook::GetFlatFootedArmorClass(character.get()), 10 + 6 + 3);
+    DACValues parts;
+    DHandBook::GetArmorClassValues(character.get(), parts);
+    EXPECT_EQ(parts.armor, 6);
+    EXPECT_EQ(parts.shield, 3);
+    EXPECT_EQ(parts.magic, 0);
     EXPECT_EQ(character->GetCharacterStat(kStatArmorCheckPenalty), -5 - 2);
     EXPECT_EQ(character->GetCharacterStat(kStatMaxDexterityBonus), 2);
     EXPECT_EQ(DHandBook::GetArcaneSpellFailure(character.get()), 30 + 15);
@@ -135,9 +143,11 @@ TEST_F(EquipmentTest, CarryingCapacityAndLoad) {
 }
 
 TEST_F(EquipmentTest, ArmorSlowsByTheNearestFiveFeet) {
-    // 30 x 0.66 is 19.8: 19, then to the nearest 5 feet, 20; 20 x 0.66 gives 13, then 15.
-    EXPECT_EQ(DHandBook::ComputeArmorSpeed(30, 0.66f), 20);
-    EXPECT_EQ(DHandBook::ComputeArmorSpeed(20, 0.66f), 15);
+    // The rules' table for medium and heavy armor: a quarter off, cut to whole feet, then to the
+    // nearest 5 feet. 30 x 0.75 = 22.5: 22, then 20; 40: 30; 50: 37, then 35; 60: 45; 20: 15.
+    const struct { int base, slowed; } table[] = {{20, 15}, {30, 20}, {40, 30}, {50, 35}, {60, 45}};
+    for (const auto& row : table)
+        EXPECT_EQ(DHandBook::ComputeArmorSpeed(row.base, 0.75f), row.slowed) << row.base;
     EXPECT_EQ(DHandBook::ComputeArmorSpeed(30, 1.0f), 30);
 
     Ref<DCharacter> human = Make({QStringLiteral("Fighter")});
@@ -151,6 +161,12 @@ TEST_F(EquipmentTest, ArmorSlowsByTheNearestFiveFeet) {
     DHandBook::EquipItem(steady.get(), Give(*steady, kItemArmor, QStringLiteral("Full plate")),
                          true);
     EXPECT_EQ(LandSpeed(*steady), 30);
+    // The rules database's own multiplier: a 40 ft. walker in hide (an ogre) moves 30 ft.
+    Ref<DCharacter> fast = Make({QStringLiteral("Fighter")});
+    fast->GetBaseSpeedPointer()->SetSpeedValue(40);
+    SetScore(*fast, kAbilityStrength, 18);
+    DHandBook::EquipItem(fast.get(), Give(*fast, kItemArmor, QStringLiteral("Hide")), true);
+    EXPECT_EQ(LandSpeed(*fast), 30);
 }
 
 TEST_F(EquipmentTest, BuyingAndSellingMoveTheMoney) {

@@ -84,6 +84,7 @@ const char* const kGoodSource = "# a hill-giant-like test creature\n"
                                 "skill_ranks: Listen 5, Spot 0\n"
                                 "attacks: 2 claw 1d6, Bite 2d8\n"
                                 "attacks: touch touch ranged\n"
+                                "attacks: weapon, gore 1d8\n"
                                 "gear: greatclub; Shield, heavy wooden\n"
                                 "familiar_bonus: Move Silently +3, Ref +2, hit points +3, Cha +1\n"
                                 "feats: Alertness, Skill Focus (Craft (Alchemy))\n"
@@ -169,8 +170,8 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
         bool touch;
         int range;
     } attacks[] = {{0, 2, 1, 1, 6, false, 0}, {0, 1, 0, 2, 8, false, 0}, {1, 1, 10, 0, 0, true, 1}};
-    ASSERT_EQ(giant->GetOffenseGroupArray().GetCount(), 2);
-    ASSERT_EQ(giant->GetAttackMap().GetCount(), 3);
+    ASSERT_EQ(giant->GetOffenseGroupArray().GetCount(), 3);
+    ASSERT_EQ(giant->GetAttackMap().GetCount(), 4);
     int seen[2] = {};
     for (const auto& expected : attacks) {
         const DOffenseGroup* group = giant->GetOffenseGroupArray().At(expected.group);
@@ -185,6 +186,12 @@ TEST(CoreDataTool, BuildsARaceFileTheLibraryReads) {
         EXPECT_EQ(attack->GetAttackRangeIsTouch(), expected.touch);
         EXPECT_EQ(attack->GetRangeType(), expected.range);
     }
+    // "weapon, gore 1d8": a routine fought beside the creature's weapon, which joins it when
+    // a monster is built with its gear.
+    EXPECT_TRUE(giant->GetOffenseGroupArray().At(2)->GetOffenseItemArray().At(0).HasOffenseFlag(
+        DOffenseItem::kOffenseBesideWeapon));
+    EXPECT_FALSE(giant->GetOffenseGroupArray().At(0)->GetOffenseItemArray().At(0).HasOffenseFlag(
+        DOffenseItem::kOffenseBesideWeapon));
     // The group's first attack is its primary one.
     EXPECT_TRUE(giant->GetOffenseGroupArray().At(0)->GetOffenseItemArray().At(0).HasOffenseFlag(
         DOffenseItem::kOffensePrimary));
@@ -291,6 +298,7 @@ TEST(CoreDataTool, FaultsNameFileAndLine) {
          "skill 'Spot' given twice"},
         {"unknown natural attack", "attacks: 2 claw 1d6, headbutt 1d4\n", 1,
          "'headbutt' names no row of [types Race Attack]"},
+        {"a weapon alone", "attacks: weapon\n", 1, "needs at least one natural attack"},
         {"attack made no times", "attacks: 0 claw 1d6\n", 1, "at least once, not 0 times"},
         {"attack with an odd die", "attacks: bite 1d7\n", 1, "'d7' names no row of [types Dice]"},
         {"unknown gear", "gear: Greatclub; Lightsaber\n", 1,

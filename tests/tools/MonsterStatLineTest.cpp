@@ -228,8 +228,12 @@ QStringList builtAttacks(DCharacter& monster, qsizetype routines) {
         for (const DOffenseItem& offense : groups.At(int(g))->GetOffenseItemArray()) {
             DOffenseBonusValues values;
             const int bonus = DHandBook::GetOffenseBonus(&monster, offense, values, false);
+            // A natural attack without a die deals no hit point damage ("1d8 Str" is ability
+            // damage); a weapon always has its die.
             const DAttackInfo* attack = monster.GetAttack(offense.GetOffenseId());
-            const QString damage = attack && attack->GetDamageDieCount() > 0
+            const bool dealsDamage = offense.GetOffenseType() == DOffenseItem::kOffenseWeapon ||
+                                     (attack && attack->GetDamageDieCount() > 0);
+            const QString damage = dealsDamage
                                        ? DHandBook::BuildOffenseDamageString(&monster, offense)
                                        : QStringLiteral("-");
             items << QString::asprintf("%+d ", bonus) + damage;
@@ -291,9 +295,12 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
         // Medium, base attack 1, Str 13, Weapon Focus (bite): 1 + 1 + 1; a lone bite adds one
         // and a half times Str +1, rounded down.
         {"Wolf", "+3 1d6+1"},
+        // Large, base attack 6, Str 19, its greataxe (made Large: 3d6) in two hands: 6 + 4 - 1,
+        // Strength and a half; the gore beside a weapon is secondary: -5, half Strength.
+        {"Minotaur", "+9 3d6+6, +4 1d8+2"},
     };
     for (const auto& c : attackChecked) {
-        FCRef<DCharacter> monster = Monster(QString::fromUtf8(c.race));
+        FCRef<DCharacter> monster = shownMonster(QString::fromUtf8(c.race));
         ASSERT_TRUE(monster) << c.race;
         EXPECT_EQ(builtAttacks(*monster, 1), QStringList{QString::fromUtf8(c.routine)}) << c.race;
     }

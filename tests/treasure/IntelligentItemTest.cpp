@@ -9,6 +9,7 @@
 #include "DDatabase.h"
 #include "DIntelligentData.h"
 #include "DIntelligentItemGenerator.h"
+#include "DIntelligentPower.h"
 #include "DItem.h"
 #include "DItemType.h"
 #include "DRingInfo.h"
@@ -25,6 +26,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <vector>
 
 namespace {
 
@@ -228,6 +230,121 @@ TEST_F(IntelligentItemTest, ATreasureFileKeepsMindsAndCurses) {
     EXPECT_EQ(readMind->GetLanguageMap().GetCount(), 1);
     EXPECT_EQ(DCursedItemGenerator::GetCurseDescription(*back->GetItemArray().At(1)),
               QStringLiteral("Intermittent functioning, Dependent: Underwater"));
+}
+
+TEST_F(IntelligentItemTest, PrintTextListsTheMindLineByLine) {
+    const QUuid common = hoardtest::rowGuid(kTableLanguage, "Common");
+    const QUuid elven = hoardtest::rowGuid(kTableLanguage, "Elven");
+    ASSERT_FALSE(elven.isNull());
+    // Languages are held by GUID and listed in that order.
+    const QString bothLanguages =
+        common < elven ? QStringLiteral("Common, Elven") : QStringLiteral("Elven, Common");
+    struct Case {
+        const char* name;
+        int alignment;
+        int intelligence, wisdom, charisma, ego;
+        std::vector<int> communication; // in the order added
+        std::vector<QUuid> languages;
+        bool readLanguages, readMagic;
+        QString expected;
+    };
+    const Case cases[] = {
+        // Alignment 4 has no row: no line for it.
+        {"bare mind",
+         4,
+         8,
+         8,
+         8,
+         0,
+         {},
+         {},
+         false,
+         false,
+         QStringLiteral("INT 8 WIS 8 CHA 8 EGO 0")},
+        {"speaks and reads languages",
+         9,
+         17,
+         10,
+         12,
+         5,
+         {DIntelligentData::kCommunicationTelepathy, DIntelligentData::kCommunicationSpeech},
+         {common},
+         true,
+         false,
+         QStringLiteral("Lawful Good<br>INT 17 WIS 10 CHA 12 EGO 5<br>Telepathy, Speech<br>Common"
+                        "<br>Read Languages")},
+        {"empathy and magic",
+         18,
+         10,
+         10,
+         10,
+         2,
+         {DIntelligentData::kCommunicationEmpathy},
+         {},
+         false,
+         true,
+         QStringLiteral("Neutral<br>INT 10 WIS 10 CHA 10 EGO 2<br>Empathy<br>Read Magic")},
+        // A communication type without a row names nothing and leaves no line.
+        {"both reads, unknown talk",
+         36,
+         12,
+         14,
+         15,
+         7,
+         {3},
+         {common, elven},
+         true,
+         true,
+         QStringLiteral("Chaotic Evil<br>INT 12 WIS 14 CHA 15 EGO 7<br>") + bothLanguages +
+             QStringLiteral("<br>Read Languages, Read Magic")},
+    };
+    for (const Case& c : cases) {
+        DIntelligentData mind;
+        mind.SetAlignmentId(c.alignment);
+        mind.SetAbilityStat(3, c.intelligence);
+        mind.SetAbilityStat(4, c.wisdom);
+        mind.SetAbilityStat(5, c.charisma);
+        for (const int type : c.communication)
+            mind.AddCommunication(type);
+        for (const QUuid& language : c.languages)
+            mind.AddLanguage(language);
+        mind.SetCanReadLanguages(c.readLanguages);
+        mind.SetCanReadMagic(c.readMagic);
+        FCString text(QStringLiteral("left over"));
+        mind.GetPrintCoreText(c.ego, text);
+        EXPECT_EQ(text, c.expected) << c.name;
+    }
+}
+
+TEST_F(IntelligentItemTest, PowersAndCursesDescribeThemselves) {
+    const DIntelligentPower perDay(4, 1, 1);
+    EXPECT_EQ(perDay.GetDescription(),
+              QStringLiteral("Item can use dimensional anchor on a foe 1/day (1 Per day)"));
+    const DIntelligentPower atWill(1, 0, 0);
+    EXPECT_EQ(atWill.GetDescription(),
+              QStringLiteral("Item can detect opposing alignment at will (At will)"));
+    EXPECT_EQ(DIntelligentPower(999, 0, 0).GetDescription(), QString());
+
+    struct Case {
+        int type, subType;
+        const char* detail;
+        bool prefix, withDetail;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {3, 2, "Underwater", true, false, "Cursed: Intermittent functioning, Dependent"},
+        {3, 2, "Underwater", true, true, "Cursed: Intermittent functioning, Dependent: Underwater"},
+        {5, -1, "Wielder's hair grows", false, true, "Drawback: Wielder's hair grows"},
+        {3, -1, "", true, true, "Cursed: Intermittent functioning"},
+        {1, -1, "", false, false, "Delusion"},
+    };
+    for (const Case& c : cases) {
+        DCursedData curse(c.type);
+        curse.SetCurseSubType(c.subType);
+        curse.SetCurseDescription(QString::fromUtf8(c.detail));
+        EXPECT_EQ(curse.GetDescription(c.prefix, c.withDetail), QString::fromUtf8(c.expected))
+            << c.expected;
+    }
 }
 
 } // namespace

@@ -562,12 +562,22 @@ void RaceSourceReader::SetSkillRanks(const QString& value, DRace& race) {
 // One attack routine of natural attacks, an offense group of its own: "2 claw 1d6, bite 1d8".
 // Each attack: an optional count, a "[types Race Attack]" name, an optional damage die, and the
 // words "touch" and "ranged" as they apply. The first attack of a routine is its primary one,
-// the others secondary, as the group itself works out.
+// the others secondary, as the group itself works out. A routine that starts with "weapon" is
+// fought beside the creature's first weapon of its gear.
 void RaceSourceReader::AddAttackGroup(const QString& value, DRace& race) {
     static const QRegularExpression form(
         QStringLiteral("^(?:(\\d+)\\s+)?(.+?)(?:\\s+(\\d+)d(\\d+))?((?:\\s+(?:touch|ranged))*)$"));
     const int group = race.GetOffenseGroupArray().GetCount();
-    for (const QString& item : List(value)) {
+    QStringList attacks = List(value);
+    // "weapon, gore 1d8": the routine is fought with the creature's weapon in hand.
+    const bool besideWeapon =
+        !attacks.isEmpty() &&
+        attacks.first().compare(QLatin1String("weapon"), Qt::CaseInsensitive) == 0;
+    if (besideWeapon)
+        attacks.removeFirst();
+    if (attacks.isEmpty())
+        Fail(QStringLiteral("a routine needs at least one natural attack"));
+    for (const QString& item : attacks) {
         const QRegularExpressionMatch match = form.match(item);
         if (!match.hasMatch())
             Fail(QStringLiteral("expected an attack such as '2 claw 1d6' or 'touch 1d8 touch', "
@@ -589,7 +599,9 @@ void RaceSourceReader::AddAttackGroup(const QString& value, DRace& race) {
         attack->SetRangeType(words.contains(QLatin1String("ranged")) ? kRangedAttack : 0);
         const int id = race.AddAttack(attack.get());
         race.AddOffenseToGroup(
-            group, DOffenseItem(DOffenseItem::kOffenseNatural, id, kNaturalAttackFlags));
+            group, DOffenseItem(DOffenseItem::kOffenseNatural, id,
+                                kNaturalAttackFlags |
+                                    (besideWeapon ? quint32(DOffenseItem::kOffenseBesideWeapon) : 0u)));
     }
 }
 

@@ -130,7 +130,9 @@ ARMOR_NAMES = {"padded": ("Padded", "light armor"), "leather": ("Leather", "ligh
                "heavy shield": ("Shield, heavy wooden", "shields"),
                "heavy wooden shield": ("Shield, heavy wooden", "shields"),
                "heavy steel shield": ("Shield, heavy steel", "shields"),
-               "tower shield": ("Shield, tower", "shields")}
+               "tower shield": ("Shield, tower", "shields"),
+               # The azer's column is cut after "+2 heavy"; its total (23) counts the shield.
+               "heavy": ("Shield, heavy wooden", "shields")}
 SIZE_WORDS = re.compile(r"^(?:fine|diminutive|tiny|small|medium|large|huge|gargantuan|colossal)\s+")
 
 WARRIOR = re.compile(r"^(.*), 1st-Level Warrior$")
@@ -532,6 +534,10 @@ class Converter:
             out.append("familiar_bonus: " + FAMILIAR_BONUS[name])
         if taken:
             out.append("feats: " + ", ".join(self.feat_text(f, n) for f, n in taken.items()))
+        # The record has no field for it; a player who takes the race as a character needs it.
+        adjustment = row["Level Adjustment"].strip()
+        if re.match(r"^[+-]\d", adjustment):
+            out.append("feature: Level adjustment: " + adjustment)
         for f in feats:
             out.append("feature: " + f)
         for f in feat_words:
@@ -698,6 +704,11 @@ class Converter:
                                                re.sub(r"es$", "", name)) if n in ATTACK_NAMES),
                     None)
 
+    def first_weapon(self, row):
+        """The first weapon of the creature's gear, or None."""
+        gear, _ = self.gear(row)
+        return next((g for g in gear if g in self.weapons.values()), None)
+
     def weapon_name(self, text):
         """The [info Weapons] row a stat block's weapon stands for, or None: a size word,
         "masterwork", plurals and a mighty bow's Strength rating are dropped; a magic weapon
@@ -741,16 +752,17 @@ class Converter:
     def attack_groups(self, row):
         """The Full Attack column's routines of natural attacks, each as an `attacks` value:
         "2 Claw 1d6, Bite 1d8", the primary attack first, as the block lists it, with the
-        block's own figures ("Claw +9 1d6+5, Bite +4 1d8+2"). A routine with a weapon in it is
-        left out (weapons are items, not the race's); so is an attack the table has no row
-        for."""
+        block's own figures ("Claw +9 1d6+5, Bite +4 1d8+2"). A routine led by the creature's
+        first weapon is written "weapon, Gore 1d8"; any other routine with a weapon in it is
+        left out (weapons are items, not the race's: they come with its gear); so is an attack
+        the table has no row for."""
         groups = []
         text = row["Full Attack"].replace("\u2212", "-").replace("\u2013", "-")
         for routine in re.split(r";?\s+or\s+", text):
             items = [i for part in split_top(routine, ",") for i in
                      re.split(r"\s+and\s+", part) if i.strip()]
             out, shown, ok = [], [], bool(items)
-            for item in items:
+            for index, item in enumerate(items):
                 item = re.sub(r"^and\s+", "", item.strip())
                 m = ATTACK.match(item)
                 if not m:
@@ -758,6 +770,15 @@ class Converter:
                     break
                 name = m.group(2).strip().lower()
                 kind = self.attack_kind(name)
+                # A routine led by one plain weapon ("greataxe and gore") is fought beside the
+                # first weapon of the creature's gear, which is that one.
+                if not kind and index == 0 and len(items) > 1 and not m.group(1) and \
+                        self.weapon_name(m.group(2)) == self.first_weapon(row):
+                    damage = re.match(r"^\s*(\d+d\d+(?:[+-]\d+)?)", m.group(6))
+                    out.append("weapon")
+                    shown.append("%s %+d %s" % (self.weapon_name(m.group(2)), int(m.group(3)),
+                                                damage.group(1) if damage else "-"))
+                    continue
                 if not kind:
                     ok = False
                     break
@@ -774,7 +795,7 @@ class Converter:
                     (["%sd%s" % damage.group(2, 3)] if damage else []) + words))
                 shown.append("%s %+d %s" % (kind, int(m.group(3)),
                                             damage.group(1) if damage else "-"))
-            if ok:
+            if ok and out != ["weapon"]:
                 groups.append((", ".join(out), ", ".join(shown)))
             else:
                 self.gap("attack routine with a weapon or an unknown attack (left out)")

@@ -19,6 +19,18 @@
     </xsl:for-each>
   </xsl:template>
 
+  <!-- A text with "<br>" breaks, written as lines. -->
+  <xsl:template name="sheet-breaks">
+    <xsl:param name="text"/>
+    <xsl:choose>
+      <xsl:when test="contains($text, '&lt;br&gt;')">
+        <xsl:value-of select="substring-before($text, '&lt;br&gt;')"/><br/>
+        <xsl:call-template name="sheet-breaks"><xsl:with-param name="text" select="substring-after($text, '&lt;br&gt;')"/></xsl:call-template>
+      </xsl:when>
+      <xsl:otherwise><xsl:value-of select="$text"/></xsl:otherwise>
+    </xsl:choose>
+  </xsl:template>
+
   <xsl:template match="/">
     <html>
       <head><title><xsl:value-of select="*/name"/></title></head>
@@ -115,6 +127,26 @@
       <ul>
         <xsl:for-each select="features/race-features/race-feature"><li><xsl:value-of select="."/></li></xsl:for-each>
       </ul>
+    </xsl:if>
+
+    <xsl:if test="items/item">
+      <h2>Equipment</h2>
+      <table cellspacing="0" cellpadding="3" border="1" width="100%">
+        <tr bgcolor="#e8e0d0"><th>Item</th><th>Count</th><th>Cost</th><th>Weight</th></tr>
+        <xsl:for-each select="items/item">
+          <tr>
+            <td>
+              <xsl:value-of select="name"/><xsl:if test="equipped"> (worn)</xsl:if>
+              <xsl:if test="intelligent or cursed">
+                <br/><small><xsl:call-template name="sheet-breaks"><xsl:with-param name="text"><xsl:call-template name="sb-item-notes"><xsl:with-param name="separator" select="'&lt;br&gt;'"/></xsl:call-template></xsl:with-param></xsl:call-template></small>
+              </xsl:if>
+            </td>
+            <td align="center"><xsl:value-of select="count"/></td>
+            <td align="right"><xsl:value-of select="cost"/></td>
+            <td align="right"><xsl:value-of select="weight"/></td>
+          </tr>
+        </xsl:for-each>
+      </table>
     </xsl:if>
 
     <xsl:if test="currency">

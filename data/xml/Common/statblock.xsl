@@ -43,19 +43,27 @@
     <xsl:value-of select="concat(' (', hit-points, ' hp)')"/>
   </xsl:template>
 
-  <!-- "40 ft. (8 squares), climb 20 ft., fly 60 ft. (good)" -->
+  <!-- "40 ft. (8 squares), climb 20 ft., fly 60 ft. (good)"; slowed by armor or load on land:
+       "30 ft. in armor (6 squares); base speed 40 ft." -->
   <xsl:template name="sb-speed">
     <xsl:for-each select="speeds/speed">
       <xsl:if test="position() &gt; 1"><xsl:text>, </xsl:text></xsl:if>
       <xsl:if test="name != 'Land'">
         <xsl:value-of select="concat(translate(name, $sb-upper, $sb-lower), ' ')"/>
       </xsl:if>
-      <xsl:value-of select="concat(value, ' ft.')"/>
       <xsl:choose>
-        <xsl:when test="maneuverability">
-          <xsl:value-of select="concat(' (', translate(maneuverability, $sb-upper, $sb-lower), ')')"/>
+        <xsl:when test="name = 'Land' and adjusted">
+          <xsl:value-of select="concat(adjusted, ' ft. in armor (', floor(adjusted div 5), ' squares); base speed ', value, ' ft.')"/>
         </xsl:when>
-        <xsl:when test="name = 'Land'"><xsl:value-of select="concat(' (', floor(value div 5), ' squares)')"/></xsl:when>
+        <xsl:otherwise>
+          <xsl:value-of select="concat(value, ' ft.')"/>
+          <xsl:choose>
+            <xsl:when test="maneuverability">
+              <xsl:value-of select="concat(' (', translate(maneuverability, $sb-upper, $sb-lower), ')')"/>
+            </xsl:when>
+            <xsl:when test="name = 'Land'"><xsl:value-of select="concat(' (', floor(value div 5), ' squares)')"/></xsl:when>
+          </xsl:choose>
+        </xsl:otherwise>
       </xsl:choose>
     </xsl:for-each>
   </xsl:template>
@@ -253,7 +261,43 @@
     <xsl:if test="self::monster and race-details/treasure"><line label="Treasure"><xsl:value-of select="race-details/treasure"/></line></xsl:if>
     <xsl:if test="alignment"><line label="Alignment"><xsl:call-template name="sb-alignment"/></line></xsl:if>
     <xsl:if test="self::character and possessions"><line label="Possessions"><xsl:value-of select="possessions"/></line></xsl:if>
+    <xsl:if test="self::character">
+      <xsl:for-each select="items/item[intelligent or cursed]">
+        <line label="{name}"><xsl:call-template name="sb-item-notes"><xsl:with-param name="separator" select="'; '"/></xsl:call-template></line>
+      </xsl:for-each>
+    </xsl:if>
     <xsl:if test="self::monster and race-details/advancement"><line label="Advancement"><xsl:value-of select="race-details/advancement"/></line></xsl:if>
+  </xsl:template>
+
+  <!-- What an item's name does not say, for an item element as the context node: the print
+       text of its mind (its "<br>" breaks become `separator`), then its curse. -->
+  <xsl:template name="sb-item-notes">
+    <xsl:param name="separator"/>
+    <xsl:if test="intelligent">
+      <xsl:call-template name="sb-replace-breaks">
+        <xsl:with-param name="text" select="intelligent/print-text"/>
+        <xsl:with-param name="separator" select="$separator"/>
+      </xsl:call-template>
+    </xsl:if>
+    <xsl:if test="cursed">
+      <xsl:if test="intelligent"><xsl:value-of select="$separator"/></xsl:if>
+      <xsl:value-of select="concat('Cursed: ', cursed/description)"/>
+    </xsl:if>
+  </xsl:template>
+
+  <xsl:template name="sb-replace-breaks">
+    <xsl:param name="text"/>
+    <xsl:param name="separator"/>
+    <xsl:choose>
+      <xsl:when test="contains($text, '&lt;br&gt;')">
+        <xsl:value-of select="concat(substring-before($text, '&lt;br&gt;'), $separator)"/>
+        <xsl:call-template name="sb-replace-breaks">
+          <xsl:with-param name="text" select="substring-after($text, '&lt;br&gt;')"/>
+          <xsl:with-param name="separator" select="$separator"/>
+        </xsl:call-template>
+      </xsl:when>
+      <xsl:otherwise><xsl:value-of select="$text"/></xsl:otherwise>
+    </xsl:choose>
   </xsl:template>
 
   <!-- The name, and for a character "Dwarf Fighter 4" under it. -->
