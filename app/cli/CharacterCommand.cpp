@@ -19,6 +19,7 @@
 #include "DHandBook.h"
 #include "DObjectManager.h"
 #include "DRace.h"
+#include "FCReleaser.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -103,6 +104,7 @@ QString CharacterCommand::Help() const {
                "FILE.chr\n"
                "  hoard character show FILE.chr [--json]\n"
                "  hoard character level-up FILE.chr --class CLASS [--json]\n"
+               "  hoard character level-down FILE.chr [--json]\n"
                "  hoard character set-ability FILE.chr ABILITY VALUE [--json]\n"
                "  hoard character add-skill FILE.chr SKILL RANKS [--json]\n"
                "  hoard character add-feat FILE.chr FEAT [--target T] [--json]\n"
@@ -139,6 +141,10 @@ QString CharacterCommand::Help() const {
                "show      reads a character file and prints what it holds.\n"
                "level-up  adds one level of CLASS to the character and saves it back; the first\n"
                "          level of a prestige class needs its entry requirements met.\n"
+               "level-down\n"
+               "          takes back the last level taken and saves the character; the race "
+               "and the\n"
+               "          first class level stay, as they were made.\n"
                "set-ability\n"
                "          gives ABILITY (STR, DEX, CON, INT, WIS, CHA or the full name) the "
                "rolled\n"
@@ -193,6 +199,8 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return RunShow(context, args);
     if (sub == "level-up")
         return RunLevelUp(context, args);
+    if (sub == "level-down")
+        return RunLevelDown(context, args);
     if (sub == "set-ability")
         return CharacterAbility::RunSetAbility(context, args);
     if (sub == "add-skill")
@@ -421,6 +429,24 @@ int CharacterCommand::RunLevelUp(CliContext& context, QStringList args) {
     if (!added)
         return CliContext::Fail(QStringLiteral("%1 has no race entry to build on").arg(path));
     return saved ? 0 : CliContext::Fail(QStringLiteral("cannot write %1").arg(path));
+}
+
+int CharacterCommand::RunLevelDown(CliContext& context, QStringList args) {
+    QString error;
+    if (!RejectUnknownOptions(args, error))
+        return CliContext::Fail(error);
+    if (args.size() != 1)
+        return CliContext::Fail(QStringLiteral("give one character file (see --help)"));
+    QString path;
+    FCRef<DCharacter> character(LoadFileArgument(context, args.first(), path));
+    if (!character)
+        return 1;
+    if (!DHandBook::RemoveCharacterLevel(character.get(), false))
+        return CliContext::Fail(
+            QStringLiteral("%1 has no level to take back: the race and the first class level "
+                           "are part of its making")
+                .arg(character->GetCharacterName()));
+    return SaveAndShow(context, *character, path);
 }
 
 namespace {

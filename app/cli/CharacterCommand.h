@@ -7,7 +7,7 @@ class QJsonObject;
 class QJsonValue;
 class QUuid;
 
-// "hoard character new|show|level-up": make, inspect and level character files.
+// "hoard character new|show|level-up|level-down": make, inspect and level character files.
 class CharacterCommand : public CliCommand {
 public:
     QString Name() const override { return QStringLiteral("character"); }
@@ -38,4 +38,5 @@ private:
     int RunNew(CliContext& context, QStringList args);
     int RunShow(CliContext& context, QStringList args);
     int RunLevelUp(CliContext& context, QStringList args);
+    int RunLevelDown(CliContext& context, QStringList args);
 };

@@ -9,8 +9,8 @@
 #include "DChosenFeature.h"
 #include "DClassInfo.h"
 #include "DDatabase.h"
+#include "DFallRules.h"
 #include "DHandBook.h"
-#include "DRuleGuids.h"
 #include "FCReleaser.h"
 
 #include <QJsonArray>
@@ -142,8 +142,7 @@ int CharacterFeatures::RunFall(CliContext& context, QStringList args, bool falle
     const DCharacterClass* characterClass = character->GetClassPointer(guid);
     if (!characterClass)
         return CliContext::Fail(QStringLiteral("the character has no %1 level").arg(name));
-    if (guid != DRuleGuids::kPaladinClass && guid != DRuleGuids::kDevoutClass &&
-        guid != DRuleGuids::kFastMovementClass)
+    if (!DFallRules::CanFall(guid))
         return CliContext::Fail(
             QStringLiteral("%1: the rules hold no fall for this class (a paladin, druid or "
                            "barbarian falls)")

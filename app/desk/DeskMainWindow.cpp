@@ -22,6 +22,7 @@
 #include "DClassInfo.h"
 #include "DCompanionRules.h"
 #include "DDatabase.h"
+#include "DFallRules.h"
 #include "DFileObject.h"
 #include "DHandBook.h"
 #include "DObjectManager.h"
@@ -37,6 +38,7 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -100,6 +102,13 @@ void DeskMainWindow::BuildMenus() {
     mAdvanceAction =
         character->addAction(tr("Ad&vance Monster..."), this, &DeskMainWindow::AdvanceMonster);
     mAdvanceAction->setEnabled(false);
+    character->addSeparator();
+    mLevelActions = {
+        character->addAction(tr("Level &Down"), this, &DeskMainWindow::LevelDown),
+        character->addAction(tr("&Fall from Class..."), this, &DeskMainWindow::FallFromClass),
+        character->addAction(tr("A&tone..."), this, &DeskMainWindow::Atone)};
+    for (QAction* action : mLevelActions)
+        action->setEnabled(false);
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
     tools->addAction(tr("&Dice..."), this, [this] {
         // One dice window: asking again brings it forward.
@@ -352,7 +361,7 @@ void DeskMainWindow::SetCurrentCharacter(DCharacter* character, const QString& f
         if (action)
             action->setEnabled(mCharacter != nullptr);
     }
-    for (QAction* action : mOutputActions)
+    for (QAction* action : mOutputActions + mLevelActions)
         action->setEnabled(mCharacter != nullptr);
     mTabs->setTabEnabled(1, mCharacter != nullptr);
     if (!mCharacter)
@@ -368,8 +377,7 @@ void DeskMainWindow::EditAbilityScores() {
     dialog.Setup(mCharacter);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    mCharacterEdited = true;
-    ShowCharacter(*mCharacter, mCharacterFile);
+    MarkCharacterChanged();
 }
 
 void DeskMainWindow::AdvanceMonster() {
@@ -389,8 +397,69 @@ void DeskMainWindow::AdvanceMonster() {
     const DCharacterClass* raceClass = mCharacter->GetRaceClassPointer();
     const float oldHD = raceClass ? raceClass->GetLevel() : mCharacter->GetCharacterLevel();
     DHandBook::AdvanceCharacterWithHD(mCharacter, oldHD, dialog.GetNewHitDice(), false);
+    MarkCharacterChanged();
+}
+
+void DeskMainWindow::LevelDown() {
+    if (!mCharacter)
+        return;
+    if (!DHandBook::RemoveCharacterLevel(mCharacter, false)) {
+        QMessageBox::information(this, tr("Level Down"),
+                                 tr("%1 has no level to take back: the race and the first class "
+                                    "level are part of its making.")
+                                     .arg(QString(mCharacter->GetCharacterName())));
+        return;
+    }
+    MarkCharacterChanged();
+}
+
+void DeskMainWindow::ChangeClassFallen(bool fallen) {
+    if (!mCharacter)
+        return;
+    const QString title = fallen ? tr("Fall from Class") : tr("Atone");
+    const QList<QUuid> classes = DFallRules::ClassesToChange(*mCharacter, fallen);
+    if (classes.isEmpty()) {
+        QMessageBox::information(
+            this, title,
+            fallen ? tr("%1 has no class that can fall (a paladin, druid or barbarian).")
+                         .arg(QString(mCharacter->GetCharacterName()))
+                   : tr("%1 has no fallen class.").arg(QString(mCharacter->GetCharacterName())));
+        return;
+    }
+    QStringList names;
+    for (const QUuid& guid : classes) {
+        const DClassInfo* info = DDatabase::GetClassInfoA(guid);
+        names << (info ? QString(info->mName) : guid.toString());
+    }
+    bool chosen = false;
+    const QString name = QInputDialog::getItem(
+        this, title, fallen ? tr("Class that falls:") : tr("Class that atones:"), names, 0, false,
+        &chosen);
+    const qsizetype index = names.indexOf(name);
+    if (!chosen || index < 0)
+        return;
+    DHandBook::SetClassFallen(mCharacter, classes[index], fallen, false);
+    MarkCharacterChanged();
+}
+
+void DeskMainWindow::MarkCharacterChanged() {
     mCharacterEdited = true;
     ShowCharacter(*mCharacter, mCharacterFile);
+}
+
+bool DeskMainWindow::TriggerMenuCommand(const QString& caption) {
+    for (QAction* menuAction : menuBar()->actions()) {
+        const QMenu* menu = menuAction->menu();
+        for (QAction* action : menu ? menu->actions() : QList<QAction*>()) {
+            if (action->text().remove(QLatin1Char('&')) != caption)
+                continue;
+            if (!action->isEnabled())
+                return false;
+            action->trigger();
+            return true;
+        }
+    }
+    return false;
 }
 
 bool DeskMainWindow::SaveCharacter() {

@@ -33,6 +33,9 @@ public:
     QWidget* OpenTables(const QString& rollName = QString());
     // Tools → Character Generator… or Monster Generator…
     QWidget* OpenGenerator(bool monsters);
+    // For checks from the command line: triggers the menu command of that caption (without
+    // its '&'); false if there is none or it is disabled.
+    bool TriggerMenuCommand(const QString& caption);
 
 private slots:
     void ChooseFileToOpen();
@@ -40,6 +43,9 @@ private slots:
     void NewCharacter();
     void EditAbilityScores();
     void AdvanceMonster();
+    void LevelDown();
+    void FallFromClass() { ChangeClassFallen(true); }
+    void Atone() { ChangeClassFallen(false); }
     // False when nothing was saved (no character, the dialog was cancelled, or the write
     // failed).
     bool SaveCharacter();
@@ -55,6 +61,10 @@ protected:
 
 private:
     bool SaveCharacterTo(const QString& path);
+    // Asks which class falls (or atones) and applies it to the character shown.
+    void ChangeClassFallen(bool fallen);
+    // The character was changed here: the view shows it and a save is offered.
+    void MarkCharacterChanged();
     void BuildMenus();
     // A read-only view of a character; `file` is empty for one not saved yet.
     void ShowCharacter(const DCharacter& character, const QString& file);
@@ -75,6 +85,7 @@ private:
     CatalogueDock* mCatalogues = nullptr;
     QAction* mAbilityAction = nullptr;
     QAction* mAdvanceAction = nullptr;
+    QList<QAction*> mLevelActions;
     QAction* mSaveAction = nullptr;
     QAction* mSaveAsAction = nullptr;
     QList<QAction*> mOutputActions;

@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <cstdio>
@@ -97,8 +98,11 @@ int main(int argc, char* argv[]) {
         "Open the character generator (\"character\": four random rows) or the monster "
         "generator (\"monster\" or \"monster:NAME\" with NAME selected).",
         "KIND");
+    const QCommandLineOption commandOption(
+        "command", "Run the menu command CAPTION (as the menu reads, without '&') on the file.",
+        "CAPTION");
     parser.addOptions({dataOption, userOption, dbOption, quitOption, grabOption, statBlockOption,
-                       previewOption, tablesOption, generatorOption});
+                       previewOption, tablesOption, generatorOption, commandOption});
     parser.addPositionalArgument("file", "A character or treasure file to open.", "[file]");
     parser.process(app);
 
@@ -111,7 +115,7 @@ int main(int argc, char* argv[]) {
     window.show();
     QWidget* tables = nullptr;
     if (!parser.positionalArguments().isEmpty()) {
-        const QString file = parser.positionalArguments().first();
+        const QString file = QFileInfo(parser.positionalArguments().first()).absoluteFilePath();
         // A treasure opens in its own window, which is then what a picture shows.
         if (file.endsWith(QStringLiteral(".trs"), Qt::CaseInsensitive))
             tables = window.OpenTreasure(file);
@@ -147,6 +151,14 @@ int main(int argc, char* argv[]) {
                 // A timed run is a check: it ends without asking to save what it made.
                 QCoreApplication::exit(0);
             });
+    }
+    if (parser.isSet(commandOption)) {
+        // Later, as a click would come: a command that asks runs its dialog in the event loop.
+        const QString caption = parser.value(commandOption);
+        QTimer::singleShot(0, &window, [&window, caption] {
+            if (!window.TriggerMenuCommand(caption))
+                qWarning("--command: no enabled menu command '%s'", qPrintable(caption));
+        });
     }
     if (parser.isSet(previewOption)) {
         const QString style = parser.value(previewOption);

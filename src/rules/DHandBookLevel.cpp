@@ -30,6 +30,34 @@ bool IsSkippedRaceEntry(const DCharHistory* entry, int historyCount) {
            entry->GetLevel() <= 1.0f;
 }
 
+// The ability increases earned at levels above `level` go with those levels: their slots are
+// emptied and the scores lowered, as the ability dialog raised them.
+void TakeBackAbilityIncreases(DCharacter* character, int level) {
+    for (int ability = 0; ability < kAbilityCount; ++ability) {
+        const int raw = character->GetEarnedAbilityStatRaw(ability);
+        const int count = DCharacter::CountPacked(raw);
+        std::vector<int> kept;
+        for (int slot = 0; slot < count; ++slot) {
+            if (DCharacter::GetPackedSlot(raw, slot) <= level)
+                kept.push_back(DCharacter::GetPackedSlot(raw, slot));
+        }
+        if (int(kept.size()) == count)
+            continue;
+        character->SetEarnedAbilityStatRaw(ability, 0);
+        for (const int slotLevel : kept)
+            character->SetEarnedAbilityStat(ability, slotLevel);
+        for (int point = int(kept.size()); point < count; ++point) {
+            // The kept levels' hit points hold the Constitution modifier they were given. The
+            // skill points an Intelligence increase gave belong to the levels taken back.
+            if (ability == kAbilityConstitution)
+                DHandBook::RecomputeAndSetHitPoints(character, 0, -1);
+            DHandBook::SetCharacterAbilityStatBase(character, DAbilityStatType(ability),
+                                                   character->GetAbilityStatBase(ability) - 1,
+                                                   false);
+        }
+    }
+}
+
 void ApplyExState(DCharacter* character, const DCharHistory* entry) {
     DCharacterClass* characterClass = character->GetClassPointer(entry->GetClassGuid());
     if (!characterClass)
@@ -256,6 +284,7 @@ bool DHandBook::RemoveCharacterLevel(DCharacter* character, bool notify) {
     character->PrepareForLevelUp();
     ComputeAndSetCharacterLevel(character, true);
     character->SetPreviousCharacterLevel(character->GetCharacterLevel());
+    TakeBackAbilityIncreases(character, int(character->GetCharacterLevel()));
     character->AddChangeFlag(kChangeLevelUp);
     character->RemoveCharacterFlag(kCharFlagSetupMask);
     RecomputeAfterLevels(character, false);

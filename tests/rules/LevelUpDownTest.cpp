@@ -4,6 +4,8 @@
 
 #include "DCharHistory.h"
 
+#include <utility>
+
 namespace {
 
 using rulestest::Ref;
@@ -125,6 +127,45 @@ TEST_F(LevelUpDownTest, ALevelDownRestoresTheExStateOfTheClass) {
     ASSERT_TRUE(DHandBook::RemoveCharacterLevel(character.get(), false));
     EXPECT_FALSE(character->GetClassPointer(paladin)->GetIsExClass());
     EXPECT_FLOAT_EQ(character->GetClassPointer(paladin)->GetLevel(), 2.0f);
+}
+
+TEST_F(LevelUpDownTest, TheAbilityIncreaseOfTheLevelTakenBackGoesWithIt) {
+    Ref<DFileObject> race = SaveRace("Human", "Humanoid", 1.0f);
+    // Str 15, Con 13 whatever the race adjusts, typed in at the making; two level-ups follow.
+    Ref<DCharacter> character = NewCharacter(race.get(), {"Fighter"});
+    for (const auto& [ability, score] :
+         {std::pair{kAbilityStrength, 15}, std::pair{kAbilityConstitution, 13}})
+        DHandBook::ChangeAbilityStatBase(character.get(), ability,
+                                         character->GetAbilityStatBase(ability) + score -
+                                             character->GetAbilityStat(ability),
+                                         false);
+    for (int level = 2; level <= 3; ++level)
+        ASSERT_TRUE(DHandBook::AddCharacterLevel(character.get(), ClassGuid("Fighter"), false));
+    const QByteArray third = SavedBytes(*character, ScratchPath("third.chr"));
+    const int hitPoints = character->GetCharacterStat(kStatHitPoints);
+    ASSERT_EQ(character->GetCharacterStat(kStatEarnedAbilityPoints), 0);
+
+    // The 4th level's increase, taken as the ability dialog takes it: Con 13 to 14 raises the
+    // modifier to +2, one more hit point for each of the four levels.
+    ASSERT_TRUE(DHandBook::AddCharacterLevel(character.get(), ClassGuid("Fighter"), false));
+    ASSERT_EQ(character->GetCharacterStat(kStatEarnedAbilityPoints), 1);
+    const int fourthDie = character->GetCharacterStat(kStatHitPoints) - hitPoints;
+    DHandBook::RecomputeAndSetHitPoints(character.get(), 0, 1);
+    character->SetEarnedAbilityStat(kAbilityConstitution, 4);
+    DHandBook::SetCharacterAbilityStatBase(character.get(), kAbilityConstitution,
+                                           character->GetAbilityStatBase(kAbilityConstitution) + 1,
+                                           false);
+    ASSERT_EQ(character->GetAbilityStat(kAbilityConstitution), 14);
+    ASSERT_EQ(character->GetCharacterStat(kStatHitPoints), hitPoints + fourthDie + 4);
+
+    // Fighter 3 again: Con 13, the hit points and the file of the third level, no increase.
+    ASSERT_TRUE(DHandBook::RemoveCharacterLevel(character.get(), false));
+    EXPECT_EQ(character->GetAbilityStat(kAbilityConstitution), 13);
+    EXPECT_EQ(character->GetAbilityStat(kAbilityStrength), 15);
+    EXPECT_EQ(character->GetEarnedAbilityStatRaw(kAbilityConstitution), 0);
+    EXPECT_EQ(character->GetCharacterStat(kStatHitPoints), hitPoints);
+    EXPECT_EQ(character->GetCharacterStat(kStatEarnedAbilityPoints), 0);
+    EXPECT_EQ(SavedBytes(*character, ScratchPath("down.chr")), third);
 }
 
 } // namespace
