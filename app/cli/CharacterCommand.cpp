@@ -201,47 +201,57 @@ int CharacterCommand::Run(CliContext& context, QStringList args) {
         return RunLevelUp(context, args);
     if (sub == "level-down")
         return RunLevelDown(context, args);
-    if (sub == "set-ability")
-        return CharacterAbility::RunSetAbility(context, args);
-    if (sub == "add-skill")
-        return CharacterSkills::RunAddSkill(context, args);
-    if (sub == "add-feat")
-        return CharacterSkills::RunAddFeat(context, args);
-    if (sub == "add-spell")
-        return CharacterSpells::RunAddSpell(context, args);
-    if (sub == "prepare")
-        return CharacterSpells::RunPrepare(context, args);
-    if (sub == "add-feature")
-        return CharacterFeatures::RunAddFeature(context, args);
-    if (sub == "fall")
-        return CharacterFeatures::RunFall(context, args, true);
-    if (sub == "atone")
-        return CharacterFeatures::RunFall(context, args, false);
-    if (sub == "add-item")
-        return CharacterItems::RunAddItem(context, args);
-    if (sub == "set-alignment")
-        return CharacterGods::RunSetAlignment(context, args);
-    if (sub == "set-god")
-        return CharacterGods::RunSetGod(context, args);
-    if (sub == "add-domain")
-        return CharacterGods::RunAddDomain(context, args);
-    if (sub == "set-school")
-        return CharacterGods::RunSetSchool(context, args);
-    if (sub == "add-language")
-        return CharacterGods::RunAddLanguage(context, args);
-    if (sub == "equip")
-        return CharacterItems::RunEquip(context, args);
-    if (sub == "unequip")
-        return CharacterItems::RunUnequip(context, args);
-    if (sub == "remove-item")
-        return CharacterItems::RunRemoveItem(context, args);
-    if (sub == "add-companion")
-        return CharacterCompanions::RunAddCompanion(context, args);
-    if (sub == "remove-companion")
-        return CharacterCompanions::RunRemoveCompanion(context, args);
-    return CliContext::Fail(
-        QStringLiteral("unknown character command '%1' (try: new, show, level-up, add-item)")
-            .arg(sub));
+    using Handler = int (*)(CliContext&, QStringList&);
+    static constexpr struct {
+        const char* name;
+        Handler run;
+    } kCommands[] = {
+        {"set-ability",
+         [](CliContext& c, QStringList& a) { return CharacterAbility::RunSetAbility(c, a); }},
+        {"add-skill",
+         [](CliContext& c, QStringList& a) { return CharacterSkills::RunAddSkill(c, a); }},
+        {"add-feat",
+         [](CliContext& c, QStringList& a) { return CharacterSkills::RunAddFeat(c, a); }},
+        {"add-spell",
+         [](CliContext& c, QStringList& a) { return CharacterSpells::RunAddSpell(c, a); }},
+        {"prepare",
+         [](CliContext& c, QStringList& a) { return CharacterSpells::RunPrepare(c, a); }},
+        {"add-feature",
+         [](CliContext& c, QStringList& a) { return CharacterFeatures::RunAddFeature(c, a); }},
+        {"fall",
+         [](CliContext& c, QStringList& a) { return CharacterFeatures::RunFall(c, a, true); }},
+        {"atone",
+         [](CliContext& c, QStringList& a) { return CharacterFeatures::RunFall(c, a, false); }},
+        {"add-item",
+         [](CliContext& c, QStringList& a) { return CharacterItems::RunAddItem(c, a); }},
+        {"remove-item",
+         [](CliContext& c, QStringList& a) { return CharacterItems::RunRemoveItem(c, a); }},
+        {"equip", [](CliContext& c, QStringList& a) { return CharacterItems::RunEquip(c, a); }},
+        {"unequip", [](CliContext& c, QStringList& a) { return CharacterItems::RunUnequip(c, a); }},
+        {"set-alignment",
+         [](CliContext& c, QStringList& a) { return CharacterGods::RunSetAlignment(c, a); }},
+        {"set-god", [](CliContext& c, QStringList& a) { return CharacterGods::RunSetGod(c, a); }},
+        {"add-domain",
+         [](CliContext& c, QStringList& a) { return CharacterGods::RunAddDomain(c, a); }},
+        {"set-school",
+         [](CliContext& c, QStringList& a) { return CharacterGods::RunSetSchool(c, a); }},
+        {"add-language",
+         [](CliContext& c, QStringList& a) { return CharacterGods::RunAddLanguage(c, a); }},
+        {"add-companion",
+         [](CliContext& c, QStringList& a) { return CharacterCompanions::RunAddCompanion(c, a); }},
+        {"remove-companion",
+         [](CliContext& c, QStringList& a) {
+             return CharacterCompanions::RunRemoveCompanion(c, a);
+         }},
+    };
+    QStringList names = {"new", "show", "level-up", "level-down"};
+    for (const auto& command : kCommands) {
+        if (sub == QLatin1String(command.name))
+            return command.run(context, args);
+        names << QString::fromLatin1(command.name);
+    }
+    return CliContext::Fail(CliLookup::UnknownName(QStringLiteral("character command"), sub,
+                                                   CliLookup::ClosestNames(sub, names, 3)));
 }
 
 QUuid CharacterCommand::FindClass(const QString& name) {
