@@ -599,9 +599,10 @@ void RaceSourceReader::AddAttackGroup(const QString& value, DRace& race) {
         attack->SetRangeType(words.contains(QLatin1String("ranged")) ? kRangedAttack : 0);
         const int id = race.AddAttack(attack.get());
         race.AddOffenseToGroup(
-            group, DOffenseItem(DOffenseItem::kOffenseNatural, id,
-                                kNaturalAttackFlags |
-                                    (besideWeapon ? quint32(DOffenseItem::kOffenseBesideWeapon) : 0u)));
+            group,
+            DOffenseItem(DOffenseItem::kOffenseNatural, id,
+                         kNaturalAttackFlags |
+                             (besideWeapon ? quint32(DOffenseItem::kOffenseBesideWeapon) : 0u)));
     }
 }
 
