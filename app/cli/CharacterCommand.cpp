@@ -12,6 +12,7 @@
 #include "DCharHistory.h"
 #include "DCharacter.h"
 #include "DCharacterClass.h"
+#include "DClassEntryRules.h"
 #include "DClassInfo.h"
 #include "DCompanionRules.h"
 #include "DDatabase.h"
@@ -347,7 +348,7 @@ int CharacterCommand::RunNew(CliContext& context, QStringList args) {
             before.AddHistory(history[j], 1.0f);
         if (i > 0)
             DHandBook::CharacterSetup(&before, true);
-        const QString refused = CharacterFeatures::RefuseClassLevel(before, history[i]);
+        const QString refused = DClassEntryRules::Refusal(before, history[i]);
         if (!refused.isEmpty())
             return CliContext::Fail(refused);
     }
@@ -424,7 +425,7 @@ int CharacterCommand::RunLevelUp(CliContext& context, QStringList args) {
     DCharacter* character = LoadCharacter(path, error);
     if (!character)
         return CliContext::Fail(error);
-    const QString refused = CharacterFeatures::RefuseClassLevel(*character, guid);
+    const QString refused = DClassEntryRules::Refusal(*character, guid);
     if (!refused.isEmpty()) {
         character->Release();
         return CliContext::Fail(refused);

@@ -21,9 +21,6 @@
 
 namespace {
 
-// "[types Class]" row of the prestige classes.
-constexpr int kPrestigeClassType = 4;
-
 QString className(const QUuid& guid) {
     const DClassInfo* info = DDatabase::GetClassInfoA(guid);
     return info ? QString(info->mName) : guid.toString();
@@ -152,25 +149,6 @@ int CharacterFeatures::RunFall(CliContext& context, QStringList args, bool falle
                                        : QStringLiteral("%1 has not fallen").arg(name));
     DHandBook::SetClassFallen(character.get(), guid, fallen, false);
     return CharacterCommand::SaveAndShow(context, *character, path);
-}
-
-QString CharacterFeatures::RefuseClassLevel(DCharacter& character, const QUuid& classGuid) {
-    const DCharacterClass* held = character.GetClassPointer(classGuid);
-    if (held && held->GetIsExClass())
-        return QStringLiteral("%1 has fallen: it takes no new level until it atones")
-            .arg(className(classGuid));
-    const DClassInfo* info = DDatabase::GetClassInfoA(classGuid);
-    if (!info || info->mClassType != kPrestigeClassType || character.IsClass(classGuid))
-        return {};
-    if (!DHandBook::HasClassPrereqData(classGuid))
-        return QStringLiteral("%1: the rules data holds no entry requirements for this prestige "
-                              "class, so a level of it is not taken")
-            .arg(info->mName);
-    const QStringList failing = DHandBook::GetFailingClassPrereqs(&character, classGuid);
-    if (failing.isEmpty())
-        return {};
-    return QStringLiteral("%1 cannot be taken; requirements not met: %2")
-        .arg(info->mName, failing.join(QStringLiteral("; ")));
 }
 
 void CharacterFeatures::Describe(const DCharacter& character, QJsonObject& description) {

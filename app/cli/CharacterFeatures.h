@@ -20,9 +20,6 @@ public:
     // "fall FILE.chr --class C" and "atone FILE.chr --class C": a paladin, druid or barbarian
     // loses what a fall takes, or gets it back.
     static int RunFall(CliContext& context, QStringList args, bool fallen);
-    // Why the character may not take a level of the class (a prestige class's first level
-    // needs its requirements, a fallen class atones first); empty when it may.
-    static QString RefuseClassLevel(DCharacter& character, const QUuid& classGuid);
 
     // Adds "features" to a character's description.
     static void Describe(const DCharacter& character, QJsonObject& description);

@@ -19,6 +19,8 @@
 #include "DCharFlags.h"
 #include "DCharStatType.h"
 #include "DCharacter.h"
+#include "DCharacterClass.h"
+#include "DClassEntryRules.h"
 #include "DClassInfo.h"
 #include "DCompanionRules.h"
 #include "DDatabase.h"
@@ -104,6 +106,7 @@ void DeskMainWindow::BuildMenus() {
     mAdvanceAction->setEnabled(false);
     character->addSeparator();
     mLevelActions = {
+        character->addAction(tr("Level &Up..."), this, &DeskMainWindow::LevelUp),
         character->addAction(tr("Level &Down"), this, &DeskMainWindow::LevelDown),
         character->addAction(tr("&Fall from Class..."), this, &DeskMainWindow::FallFromClass),
         character->addAction(tr("A&tone..."), this, &DeskMainWindow::Atone)};
@@ -397,6 +400,41 @@ void DeskMainWindow::AdvanceMonster() {
     const DCharacterClass* raceClass = mCharacter->GetRaceClassPointer();
     const float oldHD = raceClass ? raceClass->GetLevel() : mCharacter->GetCharacterLevel();
     DHandBook::AdvanceCharacterWithHD(mCharacter, oldHD, dialog.GetNewHitDice(), false);
+    MarkCharacterChanged();
+}
+
+void DeskMainWindow::LevelUp() {
+    if (!mCharacter)
+        return;
+    // The classes it holds first, in the order taken, then every other by name.
+    const QUuid raceClass = mCharacter->GetRace() ? mCharacter->GetRace()->GetClassGuid() : QUuid();
+    QList<QUuid> offered;
+    for (const DCharacterClass* held : mCharacter->GetClassList()) {
+        if (held->GetClassGuid() != raceClass)
+            offered << held->GetClassGuid();
+    }
+    for (const QUuid& guid : DClassEntryRules::ClassesToOffer()) {
+        if (!offered.contains(guid))
+            offered << guid;
+    }
+    QStringList names;
+    for (const QUuid& guid : offered) {
+        const DClassInfo* info = DDatabase::GetClassInfoA(guid);
+        names << (info ? QString(info->mName) : guid.toString());
+    }
+    bool chosen = false;
+    const QString name = QInputDialog::getItem(this, tr("Level Up"), tr("Class of the new level:"),
+                                               names, 0, false, &chosen);
+    const qsizetype index = names.indexOf(name);
+    if (!chosen || index < 0)
+        return;
+    const QString refused = DClassEntryRules::Refusal(*mCharacter, offered[index]);
+    if (!refused.isEmpty()) {
+        QMessageBox::information(this, tr("Level Up"), refused);
+        return;
+    }
+    if (!DHandBook::AddCharacterLevel(mCharacter, offered[index], false))
+        return;
     MarkCharacterChanged();
 }
 

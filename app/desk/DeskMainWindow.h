@@ -43,6 +43,7 @@ private slots:
     void NewCharacter();
     void EditAbilityScores();
     void AdvanceMonster();
+    void LevelUp();
     void LevelDown();
     void FallFromClass() { ChangeClassFallen(true); }
     void Atone() { ChangeClassFallen(false); }

@@ -2,6 +2,7 @@
 // barbarian, each once it stands (fall) or once it has fallen (atone).
 #include "RulesTestSupport.h"
 
+#include "DClassEntryRules.h"
 #include "DFallRules.h"
 
 namespace {
@@ -48,6 +49,28 @@ TEST_F(FallRulesTest, TheClassesOfACodeOrAnAlignmentFallAndAtone) {
     Ref<DCharacter> fighter = NewCharacter(race.get(), {"Fighter", "Monk"});
     EXPECT_TRUE(DFallRules::ClassesToChange(*fighter, true).isEmpty());
     EXPECT_TRUE(DFallRules::ClassesToChange(*fighter, false).isEmpty());
+}
+
+TEST_F(FallRulesTest, AFallenClassTakesNoLevelAndAPrestigeClassAsksItsRequirements) {
+    Ref<DFileObject> race = SaveRace("Human", "Humanoid", 1.0f);
+    Ref<DCharacter> paladin = NewCharacter(race.get(), {"Paladin", "Paladin"});
+    EXPECT_TRUE(DClassEntryRules::Refusal(*paladin, ClassGuid("Paladin")).isEmpty());
+    ASSERT_TRUE(DHandBook::SetClassFallen(paladin.get(), ClassGuid("Paladin"), true, false));
+    EXPECT_EQ(DClassEntryRules::Refusal(*paladin, ClassGuid("Paladin")),
+              QStringLiteral("Paladin has fallen: it takes no new level until it atones"));
+    // A base class is always open; a fighter 1 is far from an eldritch knight (arcane spells
+    // of 3rd level).
+    EXPECT_TRUE(DClassEntryRules::Refusal(*paladin, ClassGuid("Fighter")).isEmpty());
+    EXPECT_TRUE(DClassEntryRules::Refusal(*paladin, ClassGuid("Eldritch Knight"))
+                    .startsWith(QStringLiteral("Eldritch Knight cannot be taken; requirements "
+                                               "not met: ")));
+
+    // The choice offered: base and prestige classes by name, no creature type.
+    const QStringList offered = Names(DClassEntryRules::ClassesToOffer());
+    EXPECT_TRUE(offered.contains("Fighter"));
+    EXPECT_TRUE(offered.contains("Eldritch Knight"));
+    EXPECT_FALSE(offered.contains("Magical Beast"));
+    EXPECT_LT(offered.indexOf("Barbarian"), offered.indexOf("Wizard"));
 }
 
 } // namespace
