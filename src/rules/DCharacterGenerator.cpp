@@ -290,6 +290,27 @@ bool BuyBest(DCharacter& character, int itemType, const QStringList& names) {
     return false;
 }
 
+// A creature that carries weapons fights with them first, as its stat block lists them: the
+// routines that hold a weapon move ahead of those of natural attacks alone, each keeping its
+// order.
+void WeaponRoutinesFirst(DCharacter& monster) {
+    FCPointerArray<DOffenseGroup>& groups = monster.GetOffenseGroupArray();
+    FCPointerArray<DOffenseGroup> armed, natural;
+    armed.SetOwnership(kFCRetained);
+    natural.SetOwnership(kFCRetained);
+    for (DOffenseGroup* group : groups) {
+        bool holdsWeapon = false;
+        for (const DOffenseItem& item : group->GetOffenseItemArray())
+            holdsWeapon = holdsWeapon || item.GetOffenseType() == DOffenseItem::kOffenseWeapon;
+        (holdsWeapon ? armed : natural).Add(group);
+    }
+    groups.RemoveAll();
+    for (DOffenseGroup* group : armed)
+        groups.Add(group);
+    for (DOffenseGroup* group : natural)
+        groups.Add(group);
+}
+
 // The gear its race shows a monster with ("Gear: Greatclub", "Gear: Hide"), made to its size:
 // armor and shield worn, the first weapon in hand, each weapon an attack routine of its own
 // after the natural ones.
@@ -333,6 +354,8 @@ void GiveGear(DCharacter& monster) {
             break;
         }
     }
+    if (armed)
+        WeaponRoutinesFirst(monster);
 }
 
 void BuyEquipment(DCharacter& character) {
