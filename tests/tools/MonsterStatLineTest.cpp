@@ -278,6 +278,9 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
         // Cha (+3) in Wisdom's (-3) place on Will. 3; 3 + 0 - 4 = -1; poor Fort 1 + 1, good Ref
         // 3 + 2, good Will 3 + 3.
         {"Derro", {3, -1, 2, 5, 6}},
+        // Dragon, Huge, 22 HD, Str 33, Dex 10, Con 21, Wis 19, from the tables by age: base
+        // attack 1 per HD; 22 + 11 + 8 = 41; all good, 13 + 5, 13 + 0, 13 + 4.
+        {"Red Dragon, Adult", {22, 41, 18, 13, 17}},
         // Outsider of no hit dice (Wis +2, Cha +2), shown as a warrior 1 on 13, 11, 12, 10, 9,
         // 8: the outsider adds neither base attack nor good saves. 1; 1 + 1 = 2; 2 + 1, 0 + 0,
         // 0 + 0 (Wis 11).
@@ -303,6 +306,9 @@ TEST_F(MonsterStatLine, ShippedMonstersReproduceTheirPublishedLines) {
         // Large, base attack 6, Str 19, its greataxe (made Large: 3d6) in two hands: 6 + 4 - 1,
         // Strength and a half; the gore beside a weapon is secondary: -5, half Strength.
         {"Minotaur", "+9 3d6+6, +4 1d8+2"},
+        // Huge, base attack 22, Str 33: the bite 22 + 11 - 2 with Strength once (it bites among
+        // other attacks); claws, wings and tail slap secondary at -5 with half Strength (+5).
+        {"Red Dragon, Adult", "+31 2d8+11, +26 2d6+5, +26 1d8+5, +26 2d6+5"},
     };
     for (const auto& c : attackChecked) {
         FCRef<DCharacter> monster = shownMonster(QString::fromUtf8(c.race));
