@@ -112,6 +112,8 @@ def race(color, age_index, by_age, abilities, by_size):
             "size: " + size, "hit_dice: " + hd,
             "abilities: Str %s, Dex %s, Con %s, Int %s, Wis %s, Cha %s" % tuple(
                 row[a] for a in ("Str", "Dex", "Con", "Int", "Wis", "Cha")),
+            # A dragon's 6 points a die and its Intelligence, at least 1, for HD + 3 dice.
+            "skill_points: %d" % (max(1, 6 + (int(row["Int"]) - 10) // 2) * (int(hd) + 3)),
             "natural_armor: " + natural, "speed: " + speeds(more["Speed"]),
             "space: " + space, "reach: " + reach,
             "attacks: " + ", ".join(routine)]
