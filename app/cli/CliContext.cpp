@@ -127,5 +127,6 @@ QString CliContext::GlobalOptionsHelp() {
         "postgresql://...\n"
         "  --seed N           seed the random source so a run can be repeated\n"
         "  --json             machine-readable output (snake_case keys)\n"
-        "  -h, --help         help for the program or a command\n");
+        "  -h, --help         help for the program or a command\n"
+        "  -v, --version      the program's version\n");
 }

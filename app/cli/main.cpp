@@ -94,6 +94,10 @@ int main(int argc, char* argv[]) {
         CliContext::PrintLine(programHelp(commands));
         return args.isEmpty() ? 1 : 0;
     }
+    if (args.first() == "--version" || args.first() == "-v") {
+        CliContext::PrintLine(QStringLiteral("hoard %1").arg(QStringLiteral(HOARD_VERSION)));
+        return 0;
+    }
     const QString name = args.takeFirst();
     for (const auto& command : commands) {
         if (command->Name() == name) {

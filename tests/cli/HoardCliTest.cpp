@@ -7,6 +7,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -70,6 +71,15 @@ TEST(HoardCli, HelpNamesEveryCommandAndGlobalOption) {
         EXPECT_TRUE(run.out.contains(word)) << word;
     for (const char* command : {"db", "character", "demo"})
         EXPECT_EQ(hoard({command, "--help"}).status, 0) << command;
+    // The version the build was made as, and nothing else.
+    for (const char* flag : {"--version", "-v"}) {
+        const CliRun version = hoard({flag});
+        EXPECT_EQ(version.status, 0) << flag;
+        EXPECT_TRUE(QRegularExpression(QStringLiteral("^hoard \\d+\\.\\d+\\.\\d+\n$"))
+                        .match(version.out)
+                        .hasMatch())
+            << version.out.toStdString();
+    }
 }
 
 TEST(HoardCli, DbInfoListsEveryTable) {
