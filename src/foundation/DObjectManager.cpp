@@ -45,14 +45,28 @@ void DObjectManager::StartUp() {
 }
 
 DFileObject* DObjectManager::FindRaceFile(const QString& baseName) {
-    DFileObject* found = nullptr;
-    for (const auto& entry : mRaceFileSet) {
-        if (QString(entry->GetBaseFileName()).compare(baseName, Qt::CaseInsensitive) != 0)
-            continue;
-        if (!found || entry->GetFileObjectType() == kFileUser)
-            found = entry.Get();
+    const auto find = [](const QString& name) {
+        DFileObject* found = nullptr;
+        for (const auto& entry : mRaceFileSet) {
+            if (QString(entry->GetBaseFileName()).compare(name, Qt::CaseInsensitive) != 0)
+                continue;
+            if (!found || entry->GetFileObjectType() == kFileUser)
+                found = entry.Get();
+        }
+        return found;
+    };
+    if (DFileObject* found = find(baseName.trimmed()))
+        return found;
+    // Names in the spoken order find the ready ones that put the kind first: "Adult Red
+    // Dragon" is "Red Dragon, Adult", "Huge Air Elemental" is "Air Elemental, Huge".
+    const QStringList words = baseName.simplified().split(QLatin1Char(' '));
+    for (qsizetype split = 1; split < words.size(); ++split) {
+        const QString reordered = words.mid(split).join(QLatin1Char(' ')) + QStringLiteral(", ") +
+                                  words.mid(0, split).join(QLatin1Char(' '));
+        if (DFileObject* found = find(reordered))
+            return found;
     }
-    return found;
+    return nullptr;
 }
 
 FCString DObjectManager::GetObjectPath(DObjectType type, DFileObjectType tree) {

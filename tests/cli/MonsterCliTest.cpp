@@ -65,6 +65,23 @@ TEST_F(MonsterCli, AnOgreFightsWithItsGreatclubInHide) {
               QStringLiteral("Javelin +1 (1d8+5), range 30 ft"));
 }
 
+TEST_F(MonsterCli, NamesInTheSpokenOrderFindTheReadyOnes) {
+    // The ready names put the kind first ("Red Dragon, Adult"); a name as it is said finds
+    // them, in any case; a name that is neither stays unknown.
+    const struct {
+        const char* asked;
+        const char* race;
+    } cases[] = {{"Adult Red Dragon", "Red Dragon, Adult"},
+                 {"young adult red dragon", "Red Dragon, Young adult"},
+                 {"Huge Air Elemental", "Air Elemental, Huge"},
+                 {"Giant Squid", "Squid, Giant"},
+                 {"Owlbear", "Owlbear"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(Json({"show", c.asked})["race"].toString(), QString::fromLatin1(c.race))
+            << c.asked;
+    EXPECT_EQ(Hoard({"monster", "show", "Purple Dragon"}).status, 1);
+}
+
 TEST_F(MonsterCli, AnUndeadWithoutConstitutionGrowsLarge) {
     // The bodak (Medium undead, 9d12, Str 13, Dex 15, no Con, Wis 12, natural armor +8) is
     // Large from 14 HD: Str 21, Dex 13, still no Con, natural armor +10. Undead hit dice are
