@@ -237,7 +237,8 @@ DOffenseItem TakeUp(DCharacter& character, DChosenItem* item, int group, bool eq
     DHandBook::AddChosenItemToCharacter(&character, item, false);
     DHandBook::ToggleItemCarryingStatus(&character, item, false);
     DOffenseItem wielded;
-    if (const auto* weapon = FCDynamicCast<DWeaponInfo>(item->GetItemInfo())) {
+    // A magic weapon's info is its custom record; its grip is the base weapon's.
+    if (const auto* weapon = FCDynamicCast<DWeaponInfo>(item->GetBaseItemInfo())) {
         const int uses = DHandBook::GetCharacterWeaponUses(&character, weapon);
         quint32 grip = (uses & 1) ? DOffenseItem::kOffenseOneHand : DOffenseItem::kOffenseTwoHands;
         if (DHandBook::IsWeaponLight(&character, weapon))

@@ -11,6 +11,7 @@
 #include "DChosenSkill.h"
 #include "DCurrency.h"
 #include "DSizeInfo.h"
+#include "DWielding.h"
 #include "FCRandom.h"
 
 namespace {
@@ -58,6 +59,15 @@ TEST_F(CharacterGeneratorTest, EveryDrawStandsByTheRules) {
                 << DHandBook::BuildFeatPrereqString(failing).toStdString();
         }
         EXPECT_EQ(character->GetCharacterStat(kStatNonProficientPenalty), 0);
+        // A weapon bought, magic or not, is in hand (the fists every character has are not
+        // bought).
+        for (const auto& [id, item] : character->GetItemMap()) {
+            const DItemInfo* base = item->GetBaseItemInfo();
+            if (base && base->GetItemType() == kItemWeapon &&
+                QString(base->GetItemName()) != QLatin1String("Unarmed strike")) {
+                EXPECT_TRUE(DWielding::IsWielded(*character, id)) << id;
+            }
+        }
         // What was bought and what is left make the wealth of the level.
         DCurrency total = character->GetCurrency();
         total += character->GetInventoryValue();
