@@ -417,25 +417,30 @@ void DeskMainWindow::LevelUp() {
         if (!offered.contains(guid))
             offered << guid;
     }
-    QStringList names;
-    for (const QUuid& guid : offered) {
-        const DClassInfo* info = DDatabase::GetClassInfoA(guid);
-        names << (info ? QString(info->mName) : guid.toString());
-    }
-    bool chosen = false;
-    const QString name = QInputDialog::getItem(this, tr("Level Up"), tr("Class of the new level:"),
-                                               names, 0, false, &chosen);
-    const qsizetype index = names.indexOf(name);
-    if (!chosen || index < 0)
+    const QUuid chosen = ChooseClass(tr("Level Up"), tr("Class of the new level:"), offered);
+    if (chosen.isNull())
         return;
-    const QString refused = DClassEntryRules::Refusal(*mCharacter, offered[index]);
+    const QString refused = DClassEntryRules::Refusal(*mCharacter, chosen);
     if (!refused.isEmpty()) {
         QMessageBox::information(this, tr("Level Up"), refused);
         return;
     }
-    if (!DHandBook::AddCharacterLevel(mCharacter, offered[index], false))
+    if (!DHandBook::AddCharacterLevel(mCharacter, chosen, false))
         return;
     MarkCharacterChanged();
+}
+
+QUuid DeskMainWindow::ChooseClass(const QString& title, const QString& label,
+                                  const QList<QUuid>& classes) {
+    QStringList names;
+    for (const QUuid& guid : classes) {
+        const DClassInfo* info = DDatabase::GetClassInfoA(guid);
+        names << (info ? QString(info->mName) : guid.toString());
+    }
+    bool chosen = false;
+    const QString name = QInputDialog::getItem(this, title, label, names, 0, false, &chosen);
+    const qsizetype index = names.indexOf(name);
+    return chosen && index >= 0 ? classes[index] : QUuid();
 }
 
 void DeskMainWindow::LevelDown() {
@@ -464,19 +469,11 @@ void DeskMainWindow::ChangeClassFallen(bool fallen) {
                    : tr("%1 has no fallen class.").arg(QString(mCharacter->GetCharacterName())));
         return;
     }
-    QStringList names;
-    for (const QUuid& guid : classes) {
-        const DClassInfo* info = DDatabase::GetClassInfoA(guid);
-        names << (info ? QString(info->mName) : guid.toString());
-    }
-    bool chosen = false;
-    const QString name = QInputDialog::getItem(
-        this, title, fallen ? tr("Class that falls:") : tr("Class that atones:"), names, 0, false,
-        &chosen);
-    const qsizetype index = names.indexOf(name);
-    if (!chosen || index < 0)
+    const QUuid chosen =
+        ChooseClass(title, fallen ? tr("Class that falls:") : tr("Class that atones:"), classes);
+    if (chosen.isNull())
         return;
-    DHandBook::SetClassFallen(mCharacter, classes[index], fallen, false);
+    DHandBook::SetClassFallen(mCharacter, chosen, fallen, false);
     MarkCharacterChanged();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QMainWindow>
+#include <QUuid>
 
 class CatalogueDock;
 class DCharacter;
@@ -64,6 +65,8 @@ private:
     bool SaveCharacterTo(const QString& path);
     // Asks which class falls (or atones) and applies it to the character shown.
     void ChangeClassFallen(bool fallen);
+    // One of `classes` picked by name, or null when the user cancels.
+    QUuid ChooseClass(const QString& title, const QString& label, const QList<QUuid>& classes);
     // The character was changed here: the view shows it and a save is offered.
     void MarkCharacterChanged();
     void BuildMenus();
