@@ -314,7 +314,7 @@ void WeaponRoutinesFirst(DCharacter& monster) {
 
 // The gear its race shows a monster with ("Gear: Greatclub", "Gear: Hide"), made to its size:
 // armor and shield worn, the first weapon in hand, each weapon an attack routine of its own
-// after the natural ones.
+// (or leading the routines fought beside it), ahead of the natural ones.
 void GiveGear(DCharacter& monster) {
     static const QString prefix = QStringLiteral("Gear: ");
     // The race's routines fought beside its weapon ("greataxe and gore").
